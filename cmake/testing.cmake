@@ -1,0 +1,45 @@
+# Tests: one console program, one process and one ctest entry for each call.
+#
+# mossharbour_add_test(<name> SOURCES <file>... [LIBRARIES <target>...] [SCREEN])
+#     Client tests give LIBRARIES mossHarbour::ui. SCREEN: the test opens real windows or sends real input;
+#     such tests never run at the same time.
+# mossharbour_add_unit_test(<name> SOURCES <file>... [LIBRARIES <target>...] [SCREEN])
+#     The same, linked with the library's objects: internals can be seen.
+# Both do nothing where tests are not built.
+
+set(MOSSHARBOUR_TEST_TIMEOUT 300 CACHE STRING "Seconds after which a test program counts as hung")
+
+function(mossharbour_add_test name)
+    if(NOT MOSSHARBOUR_BUILD_TESTS)
+        return()
+    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SCREEN" "" "SOURCES;LIBRARIES")
+    if(arg_UNPARSED_ARGUMENTS OR NOT arg_SOURCES)
+        message(FATAL_ERROR "mossharbour_add_test(${name}): SOURCES <file>... [LIBRARIES <target>...] [SCREEN]")
+    endif()
+    add_executable(${name} ${arg_SOURCES})
+    mossharbour_own_target(${name})
+    target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} test_support GTest::gmock GTest::gtest)
+    add_dependencies(${name} mossharbour_runtime)
+    if(TARGET mossharbour_wine)
+        add_dependencies(${name} mossharbour_wine)
+    endif()
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        TIMEOUT ${MOSSHARBOUR_TEST_TIMEOUT}
+        ENVIRONMENT
+            "MOSSHARBOUR_GOLDENS=${PROJECT_SOURCE_DIR}/tests/goldens;MOSSHARBOUR_FAILURES=${PROJECT_BINARY_DIR}/out/failures")
+    if(arg_SCREEN)
+        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK screen)
+    endif()
+endfunction()
+
+function(mossharbour_add_unit_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "SCREEN" "" "SOURCES;LIBRARIES")
+    set(screen)
+    if(arg_SCREEN)
+        set(screen SCREEN)
+    endif()
+    mossharbour_add_test(${name} ${screen}
+        SOURCES ${arg_SOURCES} LIBRARIES mossHarbour.ui.objects ${arg_LIBRARIES})
+endfunction()

@@ -1,0 +1,28 @@
+# Warnings of the project's own code; the headers of others come in as system headers.
+
+add_library(mossharbour_warnings INTERFACE)
+
+if(MSVC)
+    target_compile_options(mossharbour_warnings INTERFACE /W4)
+    if(MOSSHARBOUR_WARNINGS_AS_ERRORS)
+        target_compile_options(mossharbour_warnings INTERFACE /WX)
+    endif()
+else()
+    # -Wnon-virtual-dtor stays off: COM interfaces have no virtual destructor, by their binary layout.
+    target_compile_options(mossharbour_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
+        -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-qual
+        -Wundef -Wformat=2 -Wimplicit-fallthrough -Woverloaded-virtual -Wextra-semi -Wnull-dereference>)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(mossharbour_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
+            -Wduplicated-cond -Wduplicated-branches -Wlogical-op>)
+    endif()
+    if(MOSSHARBOUR_WARNINGS_AS_ERRORS)
+        target_compile_options(mossharbour_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Werror>)
+    endif()
+endif()
+
+# mossharbour_own_target(<target>): the language settings and warnings of the project's own code.
+function(mossharbour_own_target target)
+    target_link_libraries(${target} PRIVATE
+        $<BUILD_INTERFACE:mossharbour_warnings> $<BUILD_INTERFACE:mossharbour_windows>)
+endfunction()
