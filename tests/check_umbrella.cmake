@@ -1,0 +1,16 @@
+# Fails unless the umbrella header includes every exported header. Given by -D: INCLUDE.
+
+file(GLOB_RECURSE headers RELATIVE "${INCLUDE}" "${INCLUDE}/*.h")
+list(REMOVE_ITEM headers mossHarbour.ui.h)
+file(READ "${INCLUDE}/mossHarbour.ui.h" umbrella)
+set(absent)
+foreach(header IN LISTS headers)
+    string(FIND "${umbrella}" "#include \"${header}\"" position)
+    if(position EQUAL -1)
+        list(APPEND absent "${header}")
+    endif()
+endforeach()
+if(absent)
+    string(JOIN "\n  " absent ${absent})
+    message(FATAL_ERROR "mossHarbour.ui.h does not include\n  ${absent}")
+endif()
