@@ -14,9 +14,9 @@ template <class T>
 class object;
 
 /// Completes `T`, makes one and returns the first reference to it. In order: storage, constructors,
-/// `T::final_construct()` if there is one (the count is still 0 then: no strong reference to the object may be
-/// taken and given back in it), first reference. What a constructor or `final_construct` throws passes on, with
-/// nothing left behind.
+/// `T::final_construct()` if there is one (no strong reference is counted yet), first reference. What a
+/// constructor or `final_construct` throws passes on, with nothing left behind; weak references that
+/// `final_construct` handed out before it threw stay safe to lock and to drop.
 template <class T, class... Arguments>
 [[nodiscard]] ptr<T> create_object(Arguments&&... arguments);
 
@@ -26,13 +26,15 @@ template <class T>
 void free_object_storage(void* storage) noexcept {
     if constexpr (requires { T::operator delete(storage); }) {
         T::operator delete(storage);
+    } else if constexpr (alignof(T) > __STDCPP_DEFAULT_NEW_ALIGNMENT__) {
+        ::operator delete (storage, std::align_val_t{alignof(T)});
     } else {
         ::operator delete(storage);
     }
 }
 
-/// Stands in a destroyed object's place while weak references keep the storage: it carries the table with the two
-/// operations that are still allowed, and leaves the count as it lies.
+/// Stands in a destroyed object's place while weak references keep the storage: it carries the table with the
+/// two operations that are still allowed, and leaves the count as it lies.
 template <class T>
 class dead_object final : public object_base {
 public:
@@ -51,11 +53,13 @@ private:
 
 }  // namespace detail
 
-/// The final class behind every object: `T` completed by the three operations of `IUnknown`. Clients never name
-/// it; creation functions do, through `com::create_object`.
+/// The final class behind every object: `T` completed by the three operations of `IUnknown`. Clients never
+/// name it; creation functions do, through `com::create_object`.
 ///
-/// `T` may declare `void final_construct()`, run once the object is whole, and `void final_release()`, run when
-/// the last strong reference has gone, ahead of all destructors.
+/// `T` may declare `void final_construct()`, run once the object is whole, and `void final_release()`, run
+/// when the last strong reference has gone, ahead of all destructors; not as private members, which are not
+/// found. References to the object that are taken and given back inside the two, or inside constructors and
+/// destructors, are counted and start no further teardown. None may be kept beyond the teardown.
 template <class T>
 class object final : public T {
 public:
@@ -91,14 +95,15 @@ private:
     ULONG release_last() noexcept {
         // From here on this call holds a weak reference: the storage outlives whatever teardown drops.
         const std::uint32_t word = this->count_.strong_to_weak();
-        if ((word & count_word::strong_mask) == 0) {
+        if ((word & count_word::strong_mask) == 0 && std::exchange(whole_, false)) {
             if constexpr (requires { this->final_release(); }) this->final_release();
             return destroy();
         }
         return static_cast<object_base*>(this)->release_weak_reference();
     }
 
-    /// Runs the destructors, leaves the dead table in the object's place and drops the caller's weak reference.
+    /// Runs the destructors, leaves the dead table in the object's place and drops the caller's weak
+    /// reference.
     ULONG destroy() noexcept {
         object_base* const base = this;
         this->~object();
@@ -107,27 +112,33 @@ private:
         return dead->release_weak_reference();
     }
 
-    void construct() {
+    ptr<T> construct() {
+        // A weak reference for the time of the construction: weak ones that come and go in it free nothing.
+        object_base* const base = this;
+        base->add_weak_reference();
         if constexpr (requires { this->final_construct(); }) {
             struct guard {
                 object* pending;
                 ~guard() {
-                    if (!pending) return;
-                    pending->count_.add_weak();
-                    pending->destroy();
+                    if (pending) pending->destroy();
                 }
             } unwinding{this};
             this->final_construct();
             unwinding.pending = nullptr;
         }
+        whole_ = true;
+        ptr<T> first(static_cast<T*>(this));
+        base->release_weak_reference();
+        return first;
     }
+
+    bool whole_ = false;  // between construction and teardown: only then does the last release tear down
 };
 
 template <class T, class... Arguments>
 ptr<T> create_object(Arguments&&... arguments) {
     auto* const created = new object<T>(std::forward<Arguments>(arguments)...);  // counts itself from here on
-    created->construct();
-    return ptr<T>(static_cast<T*>(created));
+    return created->construct();
 }
 
 }  // namespace com

@@ -6,18 +6,20 @@
 
 namespace com {
 
-/// First base of every class of the object model: the count word and the two operations that outlive the object.
+/// First base of every class of the object model: the count word and the two operations that outlive the
+/// object.
 ///
-/// Destruction and the freeing of the storage are two moments. Between them, while weak references remain, the
-/// storage carries a table of the class's own with just these two operations (see `com::object`).
+/// Destruction and the freeing of the storage are two moments. Between them, while weak references remain,
+/// the storage carries a table of the class's own with just these two operations (see `com::object`).
 class object_base {
 public:
     object_base(const object_base&) = delete;
     object_base& operator=(const object_base&) = delete;
 
 private:
-    /// Frees the storage of the whole object and runs no destructor.
-    virtual void free_storage() noexcept = 0;
+    /// Frees the storage of the whole object and runs no destructor. Does nothing while constructors and
+    /// destructors run: the storage is not the last weak reference's to free then.
+    virtual void free_storage() noexcept {}
 
 public:
     /// The object's identity: its first listed interface. No reference is added.
@@ -33,7 +35,8 @@ public:
         return before - count_word::one_weak;
     }
 
-    /// Makes a strong reference from a weak one that the caller holds; false when the object is gone or going.
+    /// Makes a strong reference from a weak one that the caller holds; false when the object is gone or
+    /// going.
     [[nodiscard]] bool lock_reference() noexcept { return count_.lock(); }
 
     /// The count word as it stands: for tests.
