@@ -1,0 +1,81 @@
+#pragma once
+
+#include "com/api.h"
+#include "com/ptr.h"
+
+#include <string_view>
+
+#include <d2d1.h>
+#include <dwrite.h>
+
+namespace d2d {
+
+/// A token without fields. Holding one keeps the process-wide graphics objects alive: the Direct3D device,
+/// the Direct2D and DirectWrite factories, the shared device context. The first token makes them, the last
+/// one releases them. The statics make device-independent objects and require that a token is alive.
+///
+/// For the thread of the user interface alone.
+class MOSSHARBOUR_API factory {
+public:
+    /// Throws `com::error` when the graphics objects cannot be made. That is fatal: a later token does not
+    /// retry.
+    factory();
+    factory(const factory&);
+    factory& operator=(const factory&) noexcept { return *this; }
+    ~factory();
+
+    /// The Direct2D factory; no reference is added. Null while no token is alive.
+    [[nodiscard]] static ID2D1Factory* d2d1() noexcept;
+    /// The DirectWrite factory; no reference is added. Null while no token is alive.
+    [[nodiscard]] static IDWriteFactory* dwrite() noexcept;
+
+    /// A text format of the system's fonts, of normal weight and style unless given; `size` in pixels. Throws
+    /// `com::error`.
+    [[nodiscard]] static com::ptr<IDWriteTextFormat> create_text_format(const wchar_t* family, float size);
+    [[nodiscard]] static com::ptr<IDWriteTextFormat> create_text_format(const wchar_t* family,
+                                                                        DWRITE_FONT_WEIGHT weight,
+                                                                        float size);
+    [[nodiscard]] static com::ptr<IDWriteTextFormat> create_text_format(const wchar_t* family,
+                                                                        DWRITE_FONT_STYLE style, float size);
+    [[nodiscard]] static com::ptr<IDWriteTextFormat> create_text_format(const wchar_t* family,
+                                                                        DWRITE_FONT_WEIGHT weight,
+                                                                        DWRITE_FONT_STYLE style, float size);
+
+    /// A layout of text in a box, in pixels. A dimension of 0 asks for as much room as the text needs: the
+    /// layout comes back with its measured extent there. Text of `char` is UTF-8; malformed text throws
+    /// `com::error`.
+    [[nodiscard]] static com::ptr<IDWriteTextLayout> create_text_layout(const wchar_t* text, unsigned length,
+                                                                        IDWriteTextFormat* format,
+                                                                        float width, float height);
+    [[nodiscard]] static com::ptr<IDWriteTextLayout> create_text_layout(const char* text, unsigned length,
+                                                                        IDWriteTextFormat* format,
+                                                                        float width, float height);
+    [[nodiscard]] static com::ptr<IDWriteTextLayout> create_text_layout(const wchar_t* text,
+                                                                        IDWriteTextFormat* format,
+                                                                        float width, float height);
+    [[nodiscard]] static com::ptr<IDWriteTextLayout> create_text_layout(const char* text,
+                                                                        IDWriteTextFormat* format,
+                                                                        float width, float height);
+    [[nodiscard]] static com::ptr<IDWriteTextLayout> create_text_layout(std::string_view text,
+                                                                        IDWriteTextFormat* format,
+                                                                        float width, float height);
+    [[nodiscard]] static com::ptr<IDWriteTextLayout> create_text_layout(std::wstring_view text,
+                                                                        IDWriteTextFormat* format,
+                                                                        float width, float height);
+
+    /// Geometries and stroke styles, each one call of the Direct2D factory. Throw `com::error`.
+    [[nodiscard]] static com::ptr<ID2D1PathGeometry> create_path_geometry();
+    [[nodiscard]] static com::ptr<ID2D1EllipseGeometry> create_ellipse_geometry(const D2D1_ELLIPSE& ellipse);
+    [[nodiscard]] static com::ptr<ID2D1RectangleGeometry> create_rectangle_geometry(const D2D_RECT_F& rect);
+    [[nodiscard]] static com::ptr<ID2D1RoundedRectangleGeometry> create_rounded_rect_geometry(
+        const D2D1_ROUNDED_RECT& rect);
+    [[nodiscard]] static com::ptr<ID2D1StrokeStyle> create_stroke_style(
+        const D2D1_STROKE_STYLE_PROPERTIES& properties, const float* dashes, unsigned dash_count);
+    /// One cap for both ends and the dashes; no custom dashes.
+    [[nodiscard]] static com::ptr<ID2D1StrokeStyle> create_stroke_style(D2D1_DASH_STYLE dash,
+                                                                        D2D1_CAP_STYLE cap,
+                                                                        D2D1_LINE_JOIN join,
+                                                                        float miter_limit, float dash_offset);
+};
+
+}  // namespace d2d

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "scene/tree_walk.h"
+
+#include <array>
+#include <cstddef>
+
+namespace d2d::scene {
+
+/// The way from a root to the node that is hit at a point, root first, with the point in each node's space.
+/// Keeps its nodes alive: handlers may change the tree. Lies on the stack, allocates nothing.
+class hit_path {
+public:
+    struct entry {
+        bool hit = false;
+        com::ptr<node> at;
+        D2D_POINT_2F point{};
+    };
+
+    /// The path below and including `root` to what is hit at a point of the root's parent space.
+    [[nodiscard]] static hit_path from_root(node& root, D2D_POINT_2F point);
+    /// The path below `top`, without it, to what is hit at a point of its space.
+    [[nodiscard]] static hit_path below(node& top, D2D_POINT_2F point);
+
+    [[nodiscard]] bool empty() const noexcept { return count == 0; }
+    [[nodiscard]] std::size_t size() const noexcept { return count; }
+    [[nodiscard]] const entry& operator[](std::size_t index) const noexcept { return entries[index]; }
+    [[nodiscard]] const entry& back() const noexcept { return entries[count - 1]; }
+    [[nodiscard]] const entry* begin() const noexcept { return entries.data(); }
+    [[nodiscard]] const entry* end() const noexcept { return entries.data() + count; }
+
+private:
+    bool search(node& at, D2D_POINT_2F origin, const D2D_MATRIX_3X2_F& outer);
+    bool search_children(node& at, D2D_POINT_2F origin, const D2D_MATRIX_3X2_F& matrix);
+
+    std::array<entry, maximal_depth> entries;
+    std::size_t count = 0;
+};
+
+}  // namespace d2d::scene

@@ -1,0 +1,204 @@
+#include "scene/node_bounds.h"
+
+#include "com/check.h"
+#include "scene/node.h"
+#include "scene/view.h"
+
+namespace d2d::scene {
+namespace {
+
+void set_flag(node& at, std::uint8_t flag, bool on) noexcept {
+    at.content_flags = static_cast<std::uint8_t>(on ? at.content_flags | flag : at.content_flags & ~flag);
+}
+
+/// Notes in the parent's count whether a child is animated.
+void count_animated(node& parent, node& child) noexcept {
+    const bool animated = (child.content_flags & node::animated_bits) != 0;
+    if (animated == child.animated_in_parent) return;
+    child.animated_in_parent = animated;
+    animated ? ++parent.animated_children : --parent.animated_children;
+}
+
+extent united_bounds(const node& at, extent own) {
+    for (const auto& child : at.children) {
+        if (const extent part = child->subtree_extent(); part.valid)
+            own.add(map_rect(part.rect, child->transform));
+    }
+    return own;
+}
+
+extent united_hits(const node& at) {
+    extent total = at.hit_extent();
+    for (const auto& child : at.children) {
+        if (const extent part = child->subtree_hit_extent(); part.valid) {
+            total.add(map_rect(part.rect, child->transform));
+        }
+    }
+    return total;
+}
+
+/// The subtree rectangle behind the change of one part of it.
+extent next_bounds(const node& at, const part_change& change) {
+    extent total = at.subtree_extent();
+    return !at.recompute && replace_part(total, change) ? total : united_bounds(at, at.content_extent());
+}
+
+/// The subtree hit rectangle behind the change of one part of it.
+extent next_hits(const node& at, const part_change& change, bool ask_all) {
+    if (at.hit_mode == node::hit_transparent) return {};
+    if (at.hit_mode == node::hit_solid) return {true, maximal_rect};
+    extent total = at.subtree_hit_extent();
+    return !ask_all && replace_part(total, change) ? total : united_hits(at);
+}
+
+void store_bounds(node& at, const extent& total) noexcept {
+    set_flag(at, node::has_subtree_bounds, total.valid);
+    at.subtree_bounds = total.rect;
+}
+
+void store_hits(node& at, const extent& total) noexcept {
+    set_flag(at, node::has_subtree_hit_bounds, total.valid);
+    at.subtree_hit_bounds = total.rect;
+}
+
+/// Tells the bounds handlers of a node. They may change the tree, or throw: what lies on the way up asks all
+/// its children next time.
+void tell_bounds_handlers(node& at) {
+    if (at.bounds_handlers.empty()) return;
+    for (node* above = &at; above; above = above->parent) above->recompute = true;
+    at.bounds_handlers.call(at.subtree_extent());
+}
+
+void recount_animated(node& at) noexcept {
+    for (const auto& child : at.children) count_animated(at, *child);
+}
+
+/// Takes a change of one part of `at` into it. Returns how `at` has changed as a part of its parent.
+node_change take_in(node& at, const node_change& change) {
+    const bool is_shown_root = !at.parent && at.view;
+    const bool animated = (at.content_flags & node::animated_bits) != 0;
+    const contribution before = contribution_of(at);
+    bool ask_all = at.recompute;
+
+    if (ask_all) recount_animated(at);
+    const extent total = next_bounds(at, change.bounds);
+    const bool changed = differs(total, at.subtree_extent());
+    set_flag(at, node::children_animated, at.animated_children > 0);
+    store_bounds(at, total);
+    if (changed && !at.bounds_handlers.empty()) {
+        tell_bounds_handlers(at);
+        ask_all = true;
+    }
+    store_hits(at, next_hits(at, change.hit, ask_all));
+    at.recompute = false;
+
+    if (is_shown_root && animated != ((at.content_flags & node::animated_bits) != 0) && at.view) {
+        at.view->update_clock();
+    }
+    return change_between(before, contribution_of(at));
+}
+
+void climb(node& start, node_change change) {
+    node* at = &start;
+    for (;;) {
+        change = take_in(*at, change);
+        node* const above = at->parent;
+        if (!above) return;
+        count_animated(*above, *at);
+        at = above;
+    }
+}
+
+}  // namespace
+
+contribution contribution_of(const node& child) noexcept {
+    return {child.subtree_extent().mapped(child.transform),
+            child.subtree_hit_extent().mapped(child.transform)};
+}
+
+node_change change_between(const contribution& before, const contribution& after) noexcept {
+    return {{before.bounds, after.bounds}, {before.hit, after.hit}};
+}
+
+void propagate_child_added(node& at, node& child) {
+    count_animated(at, child);
+    climb(at, change_between({}, contribution_of(child)));
+}
+
+void propagate_child_removed(node& at, node& child) {
+    if (child.animated_in_parent) {
+        child.animated_in_parent = false;
+        --at.animated_children;
+    }
+    climb(at, change_between(contribution_of(child), {}));
+}
+
+void propagate_child_change(node& at, node& child, const contribution& before) {
+    count_animated(at, child);
+    climb(at, change_between(before, contribution_of(child)));
+}
+
+void propagate_own_hit_change(node& at, const extent& before) {
+    climb(at, {{}, {before, at.hit_extent()}});
+}
+
+void propagate_transform_change(node& child, contribution before) {
+    bool bounds_change = true;
+    bool hit_change = true;
+    contribution after = contribution_of(child);
+    for (node* at = child.parent; at && (bounds_change || hit_change); at = at->parent) {
+        const contribution at_before = contribution_of(*at);
+        const bool whole = bounds_change && hit_change;
+        bool ask_all = at->recompute;
+        if (bounds_change) {
+            const extent total = next_bounds(*at, {before.bounds, after.bounds});
+            bounds_change = !same_edges(total.rect, at->subtree_bounds);
+            if (bounds_change) {
+                at->subtree_bounds = total.rect;
+                ask_all = ask_all || !at->bounds_handlers.empty();
+                tell_bounds_handlers(*at);
+            }
+        }
+        if (hit_change) {
+            const extent total = next_hits(*at, {before.hit, after.hit}, ask_all);
+            hit_change = !same_edges(total.rect, at->subtree_hit_bounds);
+            if (hit_change) store_hits(*at, total);
+        }
+        if (whole && at->recompute) {
+            recount_animated(*at);
+            at->recompute = false;
+        }
+        before = at_before;
+        after = contribution_of(*at);
+    }
+}
+
+extent subtree_extent_with(const node& at, const extent& content) {
+    extent total = at.subtree_extent();
+    const part_change own{at.content_extent(), content};
+    return !at.recompute && replace_part(total, own) ? total : united_bounds(at, content);
+}
+
+void update_own_hit_bounds(node& at) {
+    extent own;
+    if (at.hit_mode == node::hit_solid) {
+        own = {true, maximal_rect};
+    } else if (at.hit_mode == node::hit_by_content) {
+        if (at.clip_geometry) {
+            own.valid = true;
+            com::check(at.clip_geometry->GetBounds(&identity_matrix, &own.rect));
+        } else if (at.content_flags & node::has_content) {
+            own = at.content_extent();
+        } else {
+            return;  // kept: a node that is emptied keeps its hit area until something else recomputes it
+        }
+    }
+    set_flag(at, node::has_hit_bounds, own.valid);
+    at.hit_bounds = own.rect;
+}
+
+void update_subtree_hit_bounds(node& at, const extent& own_before) {
+    store_hits(at, next_hits(at, {own_before, at.hit_extent()}, at.recompute));
+}
+
+}  // namespace d2d::scene

@@ -1,0 +1,124 @@
+// What a node has recorded: its exchange, its bindings, its effect.
+
+#include "com/object.h"
+#include "scene/node.h"
+#include "scene/node_bounds.h"
+#include "scene/view.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace d2d::scene {
+namespace {
+
+constexpr float hit_tolerance = 1.0f;
+
+bool shows(const command_list& commands, const IVisual* visual) noexcept {
+    return std::any_of(commands.begin(), commands.end(),
+                       [=](const command& recorded) { return visual_of(recorded) == visual; });
+}
+
+/// Calls `function(IVisual*)` for the visuals of a recording that another one does not show, foreground
+/// first.
+template <class Function>
+void for_each_visual_missing(const command_list& foreground, const command_list& background,
+                             const command_list& other_foreground, const command_list& other_background,
+                             Function&& function) {
+    for (const command_list* commands : {&foreground, &background}) {
+        for (const command& recorded : *commands) {
+            IVisual* const visual = visual_of(recorded);
+            if (visual && !shows(other_foreground, visual) && !shows(other_background, visual))
+                function(visual);
+        }
+    }
+}
+
+/// The site that visuals are given: kept, it is that of the first node in the process that ever recorded.
+IVisual::ISite* visual_site(node& recorded) {
+    static IVisual::ISite* const first = &recorded;
+    return first;
+}
+
+bool contains_any(const command_list& commands, D2D_POINT_2F point) {
+    return std::any_of(commands.begin(), commands.end(), [=](const command& recorded) {
+        return command_contains(recorded, point, hit_tolerance);
+    });
+}
+
+}  // namespace
+
+bool node::hit_test(D2D_POINT_2F point) {
+    return contains_any(foreground, point) || contains_any(background, point);
+}
+
+void node::install_recording(command_list&& new_background, command_list&& new_foreground,
+                             const D2D_RECT_F& bounds, bool animated, scene::view* bound_in) {
+    const bool shown = in_view_with_target();
+    if (shown && (content_flags & has_content)) view->invalidate(*this, false);
+
+    IVisual::ISite* const site = visual_site(*this);
+    for_each_visual_missing(foreground, background, new_foreground, new_background,
+                            [=](IVisual* visual) { visual->detach(site); });
+    // From here on the arguments hold the old recording. They outlive the exchange, so that what both
+    // recordings use is never released in between.
+    foreground.swap(new_foreground);
+    background.swap(new_background);
+    for_each_visual_missing(foreground, background, new_foreground, new_background,
+                            [=](IVisual* visual) { visual->attach(site); });
+
+    const contribution before = contribution_of(*this);
+    const extent hit_before = hit_extent();
+    const bool was_animated = (content_flags & animated_bits) != 0;
+    const bool has_commands = !foreground.empty() || !background.empty();
+    const extent content{has_commands, has_commands ? bounds : D2D_RECT_F{}};
+    const extent subtree = subtree_extent_with(*this, content);
+    const bool changed = differs(subtree, subtree_extent());
+    content_bounds = content.rect;
+    const auto kept = content_flags & (has_hit_bounds | has_subtree_hit_bounds | focus_of_descendants);
+    content_flags = static_cast<std::uint8_t>(
+        kept | (content.valid ? has_content : 0) | (subtree.valid ? has_subtree_bounds : 0) |
+        (animated ? content_animated : 0) | (animated_children > 0 ? children_animated : 0));
+    subtree_bounds = subtree.rect;
+    update_own_hit_bounds(*this);
+    update_subtree_hit_bounds(*this, hit_before);
+
+    if (shown && bound_in != view) {
+        for (command& recorded : background) bind_command(recorded, *view);
+        for (command& recorded : foreground) bind_command(recorded, *view);
+    }
+    if (parent) {
+        propagate_child_change(*parent, *this, before);
+    } else if (view && was_animated != ((content_flags & animated_bits) != 0)) {
+        view->update_clock();
+    }
+    if (in_view_with_target() && (content_flags & has_content)) view->invalidate(*this, false);
+    if (changed) bounds_handlers.call(subtree_extent());
+}
+
+void node::bind_recording() {
+    if (effect) effect_binding = effect->bind_typed(view);
+    for (command& recorded : background) bind_command(recorded, *view);
+    for (command& recorded : foreground) bind_command(recorded, *view);
+}
+
+void node::release_recording() {
+    for (command& recorded : foreground) release_command(recorded, *view);
+    for (command& recorded : background) release_command(recorded, *view);
+    if (effect) effect_binding.reset();
+}
+
+void node::set_effect(IEffect* new_effect) {
+    com::ptr<resource<IMaterializedEffect>> used(new_effect);
+    const bool shown = in_view_with_target();
+    if (shown && effect && used != effect) {
+        view->invalidate(*this, false);
+        effect_binding.reset();
+    }
+    effect = std::move(used);
+    if (shown && effect) {
+        effect_binding = effect->bind_typed(view);
+        view->invalidate(*this, false);
+    }
+}
+
+}  // namespace d2d::scene

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "scene/node.h"
+
+#include <array>
+#include <cassert>
+#include <cstddef>
+
+namespace d2d::scene {
+
+/// How deep a tree may be: walks keep their way on the machine's stack and allocate nothing. Not checked.
+inline constexpr std::size_t maximal_depth = 32;
+
+/// Walks a subtree, children in drawing order. `enter(node&)` is called ahead of a node's children and tells
+/// whether they are visited; `leave(node&)` is called behind them, or behind `enter` when they are not.
+template <class Enter, class Leave>
+void walk_tree(node& top, Enter&& enter, Leave&& leave) {
+    struct level {
+        node* at;
+        std::size_t next_child;
+    };
+    std::array<level, maximal_depth> levels;
+    std::size_t depth = 0;
+    const auto visit = [&](node& at) {
+        if (!enter(at) || at.children.empty()) return leave(at);
+        assert(depth < maximal_depth);
+        levels[depth++] = {&at, 0};
+    };
+    visit(top);
+    while (depth > 0) {
+        level& current = levels[depth - 1];
+        if (current.next_child < current.at->children.size()) {
+            visit(*current.at->children[current.next_child++]);
+        } else {
+            --depth;
+            leave(*current.at);
+        }
+    }
+}
+
+/// Calls `function(node&)` for the nodes of a subtree, parents first.
+template <class Function>
+void walk_parents_first(node& top, Function&& function) {
+    walk_tree(
+        top,
+        [&](node& at) {
+            function(at);
+            return true;
+        },
+        [](node&) {});
+}
+
+/// Calls `function(node&)` for the nodes of a subtree, children first.
+template <class Function>
+void walk_children_first(node& top, Function&& function) {
+    walk_tree(
+        top, [](node&) { return true; }, function);
+}
+
+}  // namespace d2d::scene
