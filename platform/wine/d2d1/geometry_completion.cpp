@@ -13,26 +13,50 @@ namespace {
 
 template <typename Kind>
 struct operations {
-    using bounds = completed_operation<Kind, &geometry::bounds, &ID2D1Geometry::GetBounds>;
-    using fill_contains = completed_operation<Kind, &geometry::fill_contains, &ID2D1Geometry::FillContainsPoint>;
-    using simplify = completed_operation<Kind, &geometry::simplify, &ID2D1Geometry::Simplify>;
+    template <auto own, typename geometry_method<decltype(own)>::type method>
+    using operation = completed_operation<Kind, own, method>;
+
+    using bounds = operation<&geometry::bounds, &ID2D1Geometry::GetBounds>;
+    using widened_bounds = operation<&geometry::widened_bounds, &ID2D1Geometry::GetWidenedBounds>;
+    using stroke_contains = operation<&geometry::stroke_contains, &ID2D1Geometry::StrokeContainsPoint>;
+    using fill_contains = operation<&geometry::fill_contains, &ID2D1Geometry::FillContainsPoint>;
+    using compare = operation<&geometry::compare, &ID2D1Geometry::CompareWithGeometry>;
+    using simplify = operation<&geometry::simplify, &ID2D1Geometry::Simplify>;
+    using combine = operation<&geometry::combine, &ID2D1Geometry::CombineWithGeometry>;
+    using remove_overlaps = operation<&geometry::remove_overlaps, &ID2D1Geometry::Outline>;
+    using area = operation<&geometry::area, &ID2D1Geometry::ComputeArea>;
+    using perimeter = operation<&geometry::perimeter, &ID2D1Geometry::ComputeLength>;
+    using point_at_length = operation<&geometry::point_at_length, &ID2D1Geometry::ComputePointAtLength>;
+    using widen = operation<&geometry::widen, &ID2D1Geometry::Widen>;
+
+    static void complete(ID2D1Geometry* sample) {
+        simplify::complete(sample);
+        bounds::complete(sample);
+        widened_bounds::complete(sample);
+        fill_contains::complete(sample);
+        stroke_contains::complete(sample);
+        compare::complete(sample);
+        combine::complete(sample);
+        remove_overlaps::complete(sample);
+        area::complete(sample);
+        perimeter::complete(sample);
+        point_at_length::complete(sample);
+        widen::complete(sample);
+    }
 };
 
-/// The order matters: what a kind is completed with serves the tests of what it answers.
 template <typename Kind>
-void complete_kind(ID2D1Geometry* sample, bool known_shape) {
+void complete_kind(ID2D1Geometry* sample, ID2D1Factory* factory) {
     if (!sample) {
         return;
     }
     using all = operations<Kind>;
-    all::simplify::complete(sample);
-    all::bounds::complete(sample);
-    all::fill_contains::complete(sample);
-    if (!known_shape) {
-        return;
-    }
+    all::complete(sample);
     if (!answers_fill_hits(sample)) {
         all::fill_contains::distrust();
+    }
+    if (!answers_stroke_hits(sample, factory)) {
+        all::stroke_contains::distrust();
     }
 }
 
@@ -63,12 +87,12 @@ void complete_geometries(ID2D1Factory* factory) {
         if (samples.path && !keeps_curves(factory)) {
             open_slot.replace(samples.path.get(), &open_refined);
         }
-        complete_kind<struct rectangle_kind>(samples.rectangle.get(), true);
-        complete_kind<struct path_kind>(samples.path.get(), true);
-        complete_kind<struct rounded_kind>(samples.rounded.get(), false);
-        complete_kind<struct ellipse_kind>(samples.ellipse.get(), false);
-        complete_kind<struct group_kind>(samples.group.get(), true);
-        complete_kind<struct transformed_kind>(samples.transformed.get(), true);
+        complete_kind<struct rectangle_kind>(samples.rectangle.get(), factory);
+        complete_kind<struct path_kind>(samples.path.get(), factory);
+        operations<struct rounded_kind>::complete(samples.rounded.get());
+        operations<struct ellipse_kind>::complete(samples.ellipse.get());
+        complete_kind<struct group_kind>(samples.group.get(), factory);
+        complete_kind<struct transformed_kind>(samples.transformed.get(), factory);
     });
 }
 

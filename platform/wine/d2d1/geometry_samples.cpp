@@ -75,6 +75,21 @@ bool answers_fill_hits(ID2D1Geometry* sample) {
     return contains(0.5f, 0.5f) && contains(-0.2f, 12) && !contains(-0.3f, 12);
 }
 
+bool answers_stroke_hits(ID2D1Geometry* sample, ID2D1Factory* factory) {
+    D2D1_STROKE_STYLE_PROPERTIES properties{};
+    properties.miterLimit = 10;
+    properties.dashStyle = D2D1_DASH_STYLE_DASH;
+    const auto dashed = make<ID2D1StrokeStyle>(
+        [&](auto result) { return factory->CreateStrokeStyle(&properties, nullptr, 0, result); });
+    const auto contains = [sample](float x, float y, ID2D1StrokeStyle* style) {
+        BOOL result = FALSE;
+        sample->StrokeContainsPoint({x, y}, 4, style, nullptr, tolerance, &result);
+        return result != FALSE;
+    };
+    return contains(-1.5f, -1.5f, nullptr) && contains(20, -2.2f, nullptr) && !contains(20, -2.3f, nullptr) &&
+           contains(4, 0, dashed.get()) && !contains(12, 0, dashed.get());
+}
+
 bool keeps_curves(ID2D1Factory* factory) {
     const D2D1_RECT_F wave = path_bounds(factory, [](ID2D1GeometrySink* sink) {
         const D2D1_BEZIER_SEGMENT curve{{100, 100}, {0, -100}, {100, 0}};

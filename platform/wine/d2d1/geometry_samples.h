@@ -21,6 +21,9 @@ struct geometry_samples {
 /// Whether a sample that is the rectangle knows its fill, with the tolerance.
 [[nodiscard]] bool answers_fill_hits(ID2D1Geometry* sample);
 
+/// Whether a sample that is the rectangle knows its stroke, with corners, dashes and the tolerance.
+[[nodiscard]] bool answers_stroke_hits(ID2D1Geometry* sample, ID2D1Factory* factory);
+
 /// Whether the paths of the factory keep cubic curves and arcs as they are.
 [[nodiscard]] bool keeps_curves(ID2D1Factory* factory);
 
