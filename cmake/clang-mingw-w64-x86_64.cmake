@@ -13,10 +13,12 @@ set(CMAKE_C_COMPILER clang)
 set(CMAKE_C_COMPILER_TARGET x86_64-w64-windows-gnu)
 set(CMAKE_CXX_COMPILER clang++)
 set(CMAKE_CXX_COMPILER_TARGET x86_64-w64-windows-gnu)
+# GCC's library has its thread-local variables emulated.
 string(CONCAT CMAKE_CXX_FLAGS_INIT
+    "-femulated-tls "
     "-stdlib++-isystem \"${standard_headers}\" "
     "-stdlib++-isystem \"${standard_headers}/x86_64-w64-mingw32\" "
     "-Wno-unused-command-line-argument")
-set(link_flags "-fuse-ld=lld -L\"${gcc_folder}\"")
+set(link_flags "-fuse-ld=lld -L\"${gcc_folder}\" -pthread")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "${link_flags}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${link_flags}")

@@ -2,7 +2,7 @@
 #
 # mossharbour_add_test(<name> SOURCES <file>... [LIBRARIES <target>...] [SCREEN])
 #     Client tests give LIBRARIES mossHarbour::ui. SCREEN: the test opens real windows or sends real input;
-#     such tests never run at the same time.
+#     nothing else runs at the same time then.
 # mossharbour_add_unit_test(<name> SOURCES <file>... [LIBRARIES <target>...] [SCREEN])
 #     The same, linked with the library's objects: internals can be seen.
 # Both do nothing where tests are not built.
@@ -25,12 +25,9 @@ function(mossharbour_add_test name)
         add_dependencies(${name} mossharbour_wine)
     endif()
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES
-        TIMEOUT ${MOSSHARBOUR_TEST_TIMEOUT}
-        ENVIRONMENT
-            "MOSSHARBOUR_GOLDENS=${PROJECT_SOURCE_DIR}/tests/goldens;MOSSHARBOUR_FAILURES=${PROJECT_BINARY_DIR}/out/failures")
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${MOSSHARBOUR_TEST_TIMEOUT})
     if(arg_SCREEN)
-        set_tests_properties(${name} PROPERTIES RESOURCE_LOCK screen)
+        set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
     endif()
 endfunction()
 
