@@ -10,6 +10,12 @@ target_link_libraries(mossHarbour.ui.objects PUBLIC
     d2d1 dwrite d3d11 dxgi dxguid windowscodecs
     ole32 oleaut32 uuid user32 gdi32 advapi32 shell32 comctl32 comdlg32)
 
+if(MOSSHARBOUR_PRECOMPILED_HEADERS)
+    target_precompile_headers(mossHarbour.ui.objects PRIVATE
+        <windows.h> <d2d1_1.h> <dwrite.h>
+        <algorithm> <functional> <memory> <optional> <stdexcept> <string> <utility> <variant> <vector>)
+endif()
+
 add_library(mossHarbour.ui SHARED)
 add_library(mossHarbour::ui ALIAS mossHarbour.ui)
 target_link_libraries(mossHarbour.ui PRIVATE $<BUILD_INTERFACE:mossHarbour.ui.objects>)
