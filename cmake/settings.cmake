@@ -22,5 +22,6 @@ target_compile_definitions(mossharbour_windows INTERFACE
     UNICODE _UNICODE NOMINMAX WINVER=0x0A00 _WIN32_WINNT=0x0A00)
 if(MSVC)
     target_compile_definitions(mossharbour_windows INTERFACE _CRT_SECURE_NO_WARNINGS)
-    target_compile_options(mossharbour_windows INTERFACE /utf-8 /permissive- /Zc:__cplusplus /EHsc)
+    target_compile_options(mossharbour_windows INTERFACE
+        $<$<COMPILE_LANGUAGE:CXX>:/utf-8 /permissive- /Zc:__cplusplus /EHsc>)
 endif()

@@ -3,9 +3,10 @@
 add_library(mossharbour_warnings INTERFACE)
 
 if(MSVC)
-    target_compile_options(mossharbour_warnings INTERFACE /W4)
+    # 4251, 4275: exported classes have members and bases of the standard library, whose DLL is shared.
+    target_compile_options(mossharbour_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:/W4 /wd4251 /wd4275>)
     if(MOSSHARBOUR_WARNINGS_AS_ERRORS)
-        target_compile_options(mossharbour_warnings INTERFACE /WX)
+        target_compile_options(mossharbour_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:/WX>)
     endif()
 else()
     # -Wnon-virtual-dtor stays off: COM interfaces have no virtual destructor, by their binary layout.
