@@ -16,6 +16,7 @@ namespace {
 
 using class_object_function = HRESULT WINAPI(REFCLSID, REFIID, void**);
 
+/// GetGuiResources, which counts all there is on Windows, always answers 0 in Wine 8.
 int message_windows_of_this_process() {
     int count = 0;
     HWND window = nullptr;
