@@ -1,17 +1,23 @@
 #include "scene/bounds_handler_list.h"
 
+#include <iterator>
 #include <utility>
 
 namespace d2d::scene {
 
 bounds_handler_list::running::running(bounds_handler_list& called) noexcept
-    : owner(called), next(called.handlers.begin()), outer(called.innermost) {
+    : owner(called), at(called.handlers.begin()), outer(called.innermost) {
     owner.innermost = this;
 }
 
 bounds_handler_list::running::~running() {
     owner.innermost = outer;
     if (outer) outer->removed.splice(outer->removed.end(), removed);
+}
+
+void bounds_handler_list::running::skip_to(list::iterator after) noexcept {
+    at = after;
+    skipped = true;
 }
 
 INode::bounds_token bounds_handler_list::add(INode::bounds_function handler) {
@@ -23,7 +29,7 @@ void bounds_handler_list::remove(INode::bounds_token token) noexcept {
     while (entry != handlers.end() && &*entry != token) ++entry;
     if (entry == handlers.end()) return;
     for (running* call = innermost; call; call = call->outer) {
-        if (call->next == entry) ++call->next;
+        if (call->at == entry) call->skip_to(std::next(entry));
     }
     if (innermost) {
         innermost->removed.splice(innermost->removed.end(), handlers, entry);
@@ -33,19 +39,21 @@ void bounds_handler_list::remove(INode::bounds_token token) noexcept {
 }
 
 void bounds_handler_list::clear() noexcept {
-    for (running* call = innermost; call; call = call->outer) call->next = handlers.end();
+    for (running* call = innermost; call; call = call->outer) call->skip_to(handlers.end());
     if (innermost) {
         innermost->removed.splice(innermost->removed.end(), handlers);
     } else {
-        handlers.clear();
+        list cleared;  // what dies in it may come back to an empty list
+        cleared.swap(handlers);
     }
 }
 
 void bounds_handler_list::call(const extent& bounds) {
     running call(*this);
-    while (call.next != handlers.end()) {
-        const auto entry = call.next++;
-        (*entry)(bounds.valid, bounds.rect);
+    while (call.at != handlers.end()) {
+        call.skipped = false;
+        (*call.at)(bounds.valid, bounds.rect);
+        if (!call.skipped) ++call.at;
     }
 }
 
