@@ -1,5 +1,6 @@
-#include "completed_operation.h"
+#include "effect_completion.h"
 #include "geometry_completion.h"
+#include "guarded.h"
 #include "owned.h"
 #include "system_library.h"
 
@@ -16,6 +17,7 @@ system_library& original() {
 
 void complete(ID2D1Factory* factory) {
     complete_geometries(factory);
+    complete_effects(factory);
 }
 
 void complete_factory_of(ID2D1Resource* resource) {
@@ -59,6 +61,7 @@ HRESULT WINAPI D2D1CreateDevice(IDXGIDevice* device, const D2D1_CREATION_PROPERT
         const HRESULT outcome = forward(device, properties, result);
         if (SUCCEEDED(outcome)) {
             complete_factory_of(*result);
+            complete_context_of(*result);
         }
         return outcome;
     });
@@ -71,6 +74,7 @@ HRESULT WINAPI D2D1CreateDeviceContext(IDXGISurface* surface, const D2D1_CREATIO
         const HRESULT outcome = forward(surface, properties, result);
         if (SUCCEEDED(outcome)) {
             complete_factory_of(*result);
+            complete_context(*result);
         }
         return outcome;
     });
