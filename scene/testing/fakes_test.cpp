@@ -1,19 +1,17 @@
 #include "scene/testing/fake_site.h"
+#include "scene/testing/pixel_target.h"
 #include "scene/testing/recording_render_target.h"
 
 #include "com/ptr.h"
 #include "d2d/factory.h"
-#include "support/picture.h"
 
 #include <gtest/gtest.h>
-
-#include <objbase.h>
-#include <wincodec.h>
 
 namespace {
 
 using d2d::scene::fakes::call_text;
 using d2d::scene::fakes::fake_site;
+using d2d::scene::fakes::pixel_target;
 using d2d::scene::fakes::recording_render_target;
 using lines = std::vector<std::string>;
 
@@ -90,20 +88,7 @@ TEST(recording_render_target, fails_creations_on_request) {
 }
 
 TEST(recording_render_target, sends_calls_on_to_a_real_target) {
-    const d2d::factory graphics;
-    const com::ptr<IWICImagingFactory> imaging = [] {
-        com::ptr<IWICImagingFactory> made;
-        com::check(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                    com::guid_of<IWICImagingFactory>(), made.put_void()));
-        return made;
-    }();
-    com::ptr<IWICBitmap> bitmap;
-    com::check(
-        imaging->CreateBitmap(4, 4, GUID_WICPixelFormat32bppPBGRA, WICBitmapCacheOnDemand, bitmap.put()));
-    const D2D1_RENDER_TARGET_PROPERTIES properties{D2D1_RENDER_TARGET_TYPE_DEFAULT, {}, 96.0f, 96.0f, {},
-                                                   D2D1_FEATURE_LEVEL_DEFAULT};
-    com::ptr<ID2D1RenderTarget> real;
-    com::check(d2d::factory::d2d1()->CreateWicBitmapRenderTarget(bitmap.get(), &properties, real.put()));
+    const pixel_target real(4, 4);
     recording_render_target target(real.get());
     constexpr D2D1_COLOR_F blue{0, 0, 1, 1};
     constexpr D2D1_COLOR_F red{1, 0, 0, 1};
@@ -117,7 +102,7 @@ TEST(recording_render_target, sends_calls_on_to_a_real_target) {
     EXPECT_EQ((lines{"CreateSolidColorBrush 1 0 0 1", "BeginDraw", "Clear 0 0 1 1",
                      "FillRectangle 0 0 2 4 brush(1 0 0 1)", "EndDraw"}),
               target.calls());
-    const auto picture = test_support::picture_of(bitmap.get());
+    const auto picture = real.picture();
     EXPECT_EQ(0xFFFF0000u, picture.at(0, 0));
     EXPECT_EQ(0xFF0000FFu, picture.at(3, 3));
     const ID2D1RenderTarget& interface_of_it = target;
