@@ -1,0 +1,19 @@
+// Prints a line per workload: name, nanoseconds per operation, operations per repetition. Each figure is the
+// minimum of five repetitions. Judge them by their ratio to `refcount` in the same run: machines are noisy.
+
+#include "workloads.h"
+
+#include <cstdio>
+#include <exception>
+
+int main() {
+    try {
+        bench::run_memory_workload();  // first: while the heap has no gaps to fill
+        bench::run_object_workloads();
+        bench::run_scene_workloads();
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "bench: %s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}

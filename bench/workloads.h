@@ -1,0 +1,12 @@
+#pragma once
+
+namespace bench {
+
+/// References and weak references.
+void run_object_workloads();
+/// Building, changing and painting a scene.
+void run_scene_workloads();
+/// Bytes per node.
+void run_memory_workload();
+
+}  // namespace bench
