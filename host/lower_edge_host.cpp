@@ -7,6 +7,17 @@
 #include <stdexcept>
 #include <utility>
 
+// Compilers differ in where an explicit instantiation says that it is exported; see the header.
+#if defined(_MSC_VER)
+template class MOSSHARBOUR_API
+    com::base_object<com::object_base, d2d::scene::IDeferredExecutionService, d2d::IWin32InterfaceLayer,
+                     d2d::IRenderTargetLayer, d2d::IViewLowerEdgeHost, IServiceProvider>;
+#else
+template class com::base_object<com::object_base, d2d::scene::IDeferredExecutionService,
+                                d2d::IWin32InterfaceLayer, d2d::IRenderTargetLayer, d2d::IViewLowerEdgeHost,
+                                IServiceProvider>;
+#endif
+
 namespace d2d {
 namespace {
 

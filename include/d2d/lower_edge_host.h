@@ -19,6 +19,17 @@
 #include <uianimation.h>
 #include <windows.h>
 
+// Exported whole, as the host is.
+#if defined(MOSSHARBOUR_BUILDING) && defined(_MSC_VER)
+extern template class com::base_object<com::object_base, d2d::scene::IDeferredExecutionService,
+                                       d2d::IWin32InterfaceLayer, d2d::IRenderTargetLayer,
+                                       d2d::IViewLowerEdgeHost, IServiceProvider>;
+#else
+extern template class MOSSHARBOUR_API
+    com::base_object<com::object_base, d2d::scene::IDeferredExecutionService, d2d::IWin32InterfaceLayer,
+                     d2d::IRenderTargetLayer, d2d::IViewLowerEdgeHost, IServiceProvider>;
+#endif
+
 namespace d2d {
 
 /// Joins a view to one native window and one render target. Owns the clock of the animations, the table of
