@@ -15,8 +15,8 @@ struct releaser {
 template <typename Interface>
 using owned = std::unique_ptr<Interface, releaser>;
 
-/// Takes over the reference that a creating call left: make<I>([&](I** result) { return f->Create(result); });
-/// empty on failure.
+/// Takes over the reference that a creating call left: make<I>([&](I** result) { return f->Create(result);
+/// }); empty on failure.
 template <typename Interface, typename Create>
 [[nodiscard]] owned<Interface> make(Create create) {
     Interface* object = nullptr;
@@ -32,4 +32,4 @@ template <typename Interface>
                : owned<Interface>();
 }
 
-} // namespace completion
+}  // namespace completion

@@ -15,7 +15,7 @@ std::wstring system_path(const wchar_t* name) {
     return std::wstring(folder, length) + L'\\' + name;
 }
 
-} // namespace
+}  // namespace
 
 system_library::system_library(const wchar_t* name) : module_(LoadLibraryW(system_path(name).c_str())) {
     if (!module_) {
@@ -31,4 +31,4 @@ FARPROC system_library::address(const char* name) const {
     return found;
 }
 
-} // namespace completion
+}  // namespace completion

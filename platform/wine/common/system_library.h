@@ -43,4 +43,4 @@ private:
     HMODULE module_;
 };
 
-} // namespace completion
+}  // namespace completion

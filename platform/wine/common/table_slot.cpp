@@ -17,4 +17,4 @@ void* exchange_slot(void* object, std::size_t number, void* replacement) {
     return original;
 }
 
-} // namespace completion
+}  // namespace completion

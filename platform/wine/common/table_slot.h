@@ -9,8 +9,8 @@
 
 namespace completion {
 
-/// What a pointer to a method of a COM interface says about its slot: the interface, and the type of the plain
-/// function (the object first) that stands in the table.
+/// What a pointer to a method of a COM interface says about its slot: the interface, and the type of the
+/// plain function (the object first) that stands in the table.
 template <typename Method>
 struct method_traits;
 
@@ -26,8 +26,8 @@ struct method_traits<Result (STDMETHODCALLTYPE Interface::*)(Arguments...) const
     using function_type = Result STDMETHODCALLTYPE(Interface*, Arguments...);
 };
 
-/// The number of a virtual method in its interface's table. The completions are built by compilers of the Itanium
-/// ABI only, where a pointer to a virtual method holds one more than the byte offset in the table.
+/// The number of a virtual method in its interface's table. The completions are built by compilers of the
+/// Itanium ABI only, where a pointer to a virtual method holds one more than the byte offset in the table.
 /// For an overloaded name, say which: slot_number<HRESULT (STDMETHODCALLTYPE I::*)(int)>(&I::method).
 template <typename Method>
 [[nodiscard]] std::size_t slot_number(Method method) noexcept {
@@ -43,16 +43,17 @@ template <typename Method>
 /// every object of the class.
 void* exchange_slot(void* object, std::size_t number, void* replacement);
 
-/// One operation of one class that a completion replaces: keeps the original, for the replacement to call first.
-/// A class has its own table, hence its own table_slot, typically as static members of a template over the kind
-/// of object:
+/// One operation of one class that a completion replaces: keeps the original, for the replacement to call
+/// first. A class has its own table, hence its own table_slot, typically as static members of a template over
+/// the kind of object:
 ///
 ///     template <typename Kind> struct bounds_completion {
 ///         using get_bounds = HRESULT (STDMETHODCALLTYPE ID2D1Geometry::*)(const D2D1_MATRIX_3X2_F*,
 ///                                                                         D2D1_RECT_F*) const;
 ///         static inline table_slot<get_bounds> slot{&ID2D1Geometry::GetBounds};
 ///
-///         static HRESULT STDMETHODCALLTYPE replacement(ID2D1Geometry* self, const D2D1_MATRIX_3X2_F* transform,
+///         static HRESULT STDMETHODCALLTYPE replacement(ID2D1Geometry* self, const D2D1_MATRIX_3X2_F*
+///         transform,
 ///                                                      D2D1_RECT_F* bounds) {
 ///             const HRESULT result = slot.original()(self, transform, bounds);
 ///             return result == E_NOTIMPL ? own_work(self, transform, bounds) : result;
@@ -61,7 +62,8 @@ void* exchange_slot(void* object, std::size_t number, void* replacement);
 ///
 ///     bounds_completion<ellipse>::slot.replace(sample_ellipse, &bounds_completion<ellipse>::replacement);
 ///
-/// Methods that return structures by value are not for it: MinGW passes their result otherwise than Windows does.
+/// Methods that return structures by value are not for it: MinGW passes their result otherwise than Windows
+/// does.
 template <typename Method>
 class table_slot {
 public:
@@ -94,4 +96,4 @@ private:
     function_type* original_ = nullptr;
 };
 
-} // namespace completion
+}  // namespace completion

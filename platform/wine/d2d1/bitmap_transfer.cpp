@@ -51,7 +51,7 @@ owned<ID2D1Bitmap1> readable_copy(ID2D1DeviceContext* context, ID2D1Bitmap* bitm
     return copy && SUCCEEDED(copy->CopyFromBitmap(nullptr, bitmap, nullptr)) ? std::move(copy) : nullptr;
 }
 
-} // namespace
+}  // namespace
 
 std::optional<pixel_image> read_bitmap(ID2D1DeviceContext* context, ID2D1Bitmap* bitmap) {
     D2D1_SIZE_U size{};
@@ -64,7 +64,8 @@ std::optional<pixel_image> read_bitmap(ID2D1DeviceContext* context, ID2D1Bitmap*
     if (!copy || FAILED(copy->Map(D2D1_MAP_OPTIONS_READ, &mapped))) {
         return std::nullopt;
     }
-    const std::unique_ptr<ID2D1Bitmap1, decltype([](ID2D1Bitmap1* opened) { opened->Unmap(); })> close(copy.get());
+    const std::unique_ptr<ID2D1Bitmap1, decltype([](ID2D1Bitmap1* opened) { opened->Unmap(); })> close(
+        copy.get());
     pixel_image result;
     result.width = static_cast<int>(size.width);
     result.height = static_cast<int>(size.height);
@@ -80,13 +81,14 @@ std::optional<pixel_image> read_bitmap(ID2D1DeviceContext* context, ID2D1Bitmap*
 }
 
 owned<ID2D1Bitmap> make_bitmap(ID2D1DeviceContext* context, const pixel_image& image) {
-    const D2D1_BITMAP_PROPERTIES properties{{DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_PREMULTIPLIED},
-                                            image.dpi_x, image.dpi_y};
+    const D2D1_BITMAP_PROPERTIES properties{
+        {DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_PREMULTIPLIED}, image.dpi_x, image.dpi_y};
     const D2D1_SIZE_U size{static_cast<UINT>(image.width), static_cast<UINT>(image.height)};
     ID2D1RenderTarget* const target = context;
     return make<ID2D1Bitmap>([&](ID2D1Bitmap** result) {
-        return target->CreateBitmap(size, image.pixels.data(), size.width * sizeof(pixel), &properties, result);
+        return target->CreateBitmap(size, image.pixels.data(), size.width * sizeof(pixel), &properties,
+                                    result);
     });
 }
 
-} // namespace completion
+}  // namespace completion

@@ -13,4 +13,4 @@ namespace completion {
 /// A bitmap of the context's device with the picture's pixels; empty on failure.
 [[nodiscard]] owned<ID2D1Bitmap> make_bitmap(ID2D1DeviceContext* context, const pixel_image& image);
 
-} // namespace completion
+}  // namespace completion

@@ -28,14 +28,15 @@ TEST_F(geometry_bounds, of_a_turned_rounded_rectangle_follow_its_corners) {
     // The rectangle without its corners' circles, turned by 45 degrees, and a circle around each point of it.
     const D2D1::Matrix3x2F turn = D2D1::Matrix3x2F::Rotation(45);
     const float reach = (15 + 5) / std::numbers::sqrt2_v<float> + 5;
-    expect_near(bounds_of(rounded({-20, -10, 20, 10}, 5, 5).get(), &turn), {-reach, -reach, reach, reach}, 1e-3f);
+    expect_near(bounds_of(rounded({-20, -10, 20, 10}, 5, 5).get(), &turn), {-reach, -reach, reach, reach},
+                1e-3f);
 }
 
 TEST_F(geometry_bounds, of_a_group_hold_its_members) {
     const auto left = ellipse(0, 0, 10, 10);
     const auto right = rounded({20, 5, 40, 50}, 3, 3);
-    expect_near(bounds_of(group(D2D1_FILL_MODE_ALTERNATE, {left.get(), right.get()}).get()), {-10, -10, 40, 50},
-                1e-4f);
+    expect_near(bounds_of(group(D2D1_FILL_MODE_ALTERNATE, {left.get(), right.get()}).get()),
+                {-10, -10, 40, 50}, 1e-4f);
 }
 
 TEST_F(geometry_bounds, of_a_cubic_curve_reach_both_of_its_turns) {
@@ -77,20 +78,19 @@ constexpr auto counter = D2D1_SWEEP_DIRECTION_COUNTER_CLOCKWISE;
 
 INSTANTIATE_TEST_SUITE_P(
     kinds, arc_bounds,
-    testing::Values(
-        arc_case{{{40, 0}, {20, 20}, 0, clockwise, D2D1_ARC_SIZE_SMALL}, {0, -20, 40, 0}},
-        arc_case{{{40, 0}, {20, 20}, 0, counter, D2D1_ARC_SIZE_SMALL}, {0, 0, 40, 20}},
-        // Radii that don't reach grow together.
-        arc_case{{{40, 0}, {1, 0.5f}, 0, clockwise, D2D1_ARC_SIZE_SMALL}, {0, -10, 40, 0}},
-        // A quarter of the circle around (0, 20), and the rest of the one around (20, 0).
-        arc_case{{{20, 20}, {20, 20}, 0, clockwise, D2D1_ARC_SIZE_SMALL}, {0, 0, 20, 20}},
-        arc_case{{{20, 20}, {20, 20}, 0, clockwise, D2D1_ARC_SIZE_LARGE}, {0, -20, 40, 20}},
-        arc_case{{{20, 20}, {20, 20}, 0, counter, D2D1_ARC_SIZE_LARGE}, {-20, 0, 20, 40}},
-        // Turned by a quarter: the radii change places.
-        arc_case{{{40, 0}, {30, 20}, 90, clockwise, D2D1_ARC_SIZE_SMALL}, {0, -30, 40, 0}},
-        // No radius: a line.
-        arc_case{{{40, 10}, {0, 20}, 0, clockwise, D2D1_ARC_SIZE_SMALL}, {0, 0, 40, 10}}));
+    testing::Values(arc_case{{{40, 0}, {20, 20}, 0, clockwise, D2D1_ARC_SIZE_SMALL}, {0, -20, 40, 0}},
+                    arc_case{{{40, 0}, {20, 20}, 0, counter, D2D1_ARC_SIZE_SMALL}, {0, 0, 40, 20}},
+                    // Radii that don't reach grow together.
+                    arc_case{{{40, 0}, {1, 0.5f}, 0, clockwise, D2D1_ARC_SIZE_SMALL}, {0, -10, 40, 0}},
+                    // A quarter of the circle around (0, 20), and the rest of the one around (20, 0).
+                    arc_case{{{20, 20}, {20, 20}, 0, clockwise, D2D1_ARC_SIZE_SMALL}, {0, 0, 20, 20}},
+                    arc_case{{{20, 20}, {20, 20}, 0, clockwise, D2D1_ARC_SIZE_LARGE}, {0, -20, 40, 20}},
+                    arc_case{{{20, 20}, {20, 20}, 0, counter, D2D1_ARC_SIZE_LARGE}, {-20, 0, 20, 40}},
+                    // Turned by a quarter: the radii change places.
+                    arc_case{{{40, 0}, {30, 20}, 90, clockwise, D2D1_ARC_SIZE_SMALL}, {0, -30, 40, 0}},
+                    // No radius: a line.
+                    arc_case{{{40, 10}, {0, 20}, 0, clockwise, D2D1_ARC_SIZE_SMALL}, {0, 0, 40, 10}}));
 
-} // namespace
+}  // namespace
 
-} // namespace completion::test
+}  // namespace completion::test

@@ -12,14 +12,14 @@ constexpr std::array modes{D2D1_COMBINE_MODE_UNION, D2D1_COMBINE_MODE_INTERSECT,
 
 bool expected_of(D2D1_COMBINE_MODE mode, bool in_first, bool in_second) {
     switch (mode) {
-    case D2D1_COMBINE_MODE_UNION:
-        return in_first || in_second;
-    case D2D1_COMBINE_MODE_INTERSECT:
-        return in_first && in_second;
-    case D2D1_COMBINE_MODE_XOR:
-        return in_first != in_second;
-    default:
-        return in_first && !in_second;
+        case D2D1_COMBINE_MODE_UNION:
+            return in_first || in_second;
+        case D2D1_COMBINE_MODE_INTERSECT:
+            return in_first && in_second;
+        case D2D1_COMBINE_MODE_XOR:
+            return in_first != in_second;
+        default:
+            return in_first && !in_second;
     }
 }
 
@@ -33,7 +33,8 @@ protected:
         const auto shape = path([&](ID2D1GeometrySink* sink) {
             EXPECT_EQ(first->CombineWithGeometry(second, mode, transform, tolerance, sink), S_OK);
         });
-        EXPECT_EQ(shape->Simplify(D2D1_GEOMETRY_SIMPLIFICATION_OPTION_LINES, nullptr, tolerance, &result), S_OK);
+        EXPECT_EQ(shape->Simplify(D2D1_GEOMETRY_SIMPLIFICATION_OPTION_LINES, nullptr, tolerance, &result),
+                  S_OK);
         return result;
     }
 
@@ -62,7 +63,8 @@ protected:
                 continue;
             }
             for (std::size_t mode = 0; mode < modes.size(); ++mode) {
-                EXPECT_EQ(results[mode].contains(p), expected_of(modes[mode], fill_has(first, p), fill_has(second, p)))
+                EXPECT_EQ(results[mode].contains(p),
+                          expected_of(modes[mode], fill_has(first, p), fill_has(second, p)))
                     << "mode " << mode << " at " << p.x << ' ' << p.y;
             }
         }
@@ -90,8 +92,9 @@ TEST_F(combinations, of_rectangles_are_exact) {
 
 TEST_F(combinations, of_a_rectangle_and_a_circle_cut_a_segment_off) {
     const double half_disc = std::numbers::pi * 400 / 2;
-    EXPECT_NEAR(area(rectangle(0, -50, 50, 50).get(), ellipse(0, 0, 20, 20).get(), D2D1_COMBINE_MODE_INTERSECT),
-                half_disc, 1);
+    EXPECT_NEAR(
+        area(rectangle(0, -50, 50, 50).get(), ellipse(0, 0, 20, 20).get(), D2D1_COMBINE_MODE_INTERSECT),
+        half_disc, 1);
 }
 
 TEST_F(combinations, keep_the_bounds_of_a_cell_of_a_rounded_strip) {
@@ -99,7 +102,9 @@ TEST_F(combinations, keep_the_bounds_of_a_cell_of_a_rounded_strip) {
     const auto bounds = [&](float left, float right) {
         const auto cell = rectangle(left, -10, right, 40);
         const auto shape = path([&](ID2D1GeometrySink* sink) {
-            EXPECT_EQ(cell->CombineWithGeometry(strip.get(), D2D1_COMBINE_MODE_INTERSECT, nullptr, 0.25f, sink), S_OK);
+            EXPECT_EQ(
+                cell->CombineWithGeometry(strip.get(), D2D1_COMBINE_MODE_INTERSECT, nullptr, 0.25f, sink),
+                S_OK);
         });
         return bounds_of(shape.get());
     };
@@ -207,6 +212,6 @@ TEST_F(combinations, know_areas_lengths_and_points_along) {
     EXPECT_NEAR(tangent.y, 1, 1e-5);
 }
 
-} // namespace
+}  // namespace
 
-} // namespace completion::test
+}  // namespace completion::test

@@ -45,4 +45,4 @@ private:
     static inline bool trusted_ = true;
 };
 
-} // namespace completion
+}  // namespace completion

@@ -20,7 +20,9 @@ public:
     }
 
 protected:
-    [[nodiscard]] std::span<const effect_property> properties() const noexcept override { return properties_; }
+    [[nodiscard]] std::span<const effect_property> properties() const noexcept override {
+        return properties_;
+    }
 
 private:
     D2D1_COMPOSITE_MODE mode_ = D2D1_COMPOSITE_MODE_SOURCE_OVER;
@@ -29,10 +31,10 @@ private:
 
 static_assert(D2D1_COMPOSITE_PROP_MODE == 0);
 
-} // namespace
+}  // namespace
 
 owned<ID2D1Effect> make_composite_effect(owned<ID2D1Factory> factory) {
     return owned<ID2D1Effect>(new composite_effect(std::move(factory)));
 }
 
-} // namespace completion
+}  // namespace completion

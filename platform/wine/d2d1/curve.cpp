@@ -41,7 +41,7 @@ affine scaled(affine frame, double factor, point centre) noexcept {
     return frame;
 }
 
-} // namespace
+}  // namespace
 
 point cubic::at(double t) const noexcept {
     const point a = mix(mix(p0, p1, t), mix(p1, p2, t), t);
@@ -73,7 +73,8 @@ void flatten(const cubic& curve, double tolerance, std::vector<point>& chords) {
 
 cubic quarter(point centre, point first, point second) noexcept {
     const double handle = 4.0 / 3.0 * (std::numbers::sqrt2 - 1);
-    return {centre + first, centre + first + second * handle, centre + second + first * handle, centre + second};
+    return {centre + first, centre + first + second * handle, centre + second + first * handle,
+            centre + second};
 }
 
 std::vector<cubic> arc_curves(point start, const D2D1_ARC_SEGMENT& arc) {
@@ -82,7 +83,8 @@ std::vector<cubic> arc_curves(point start, const D2D1_ARC_SEGMENT& arc) {
     if (!frame.invertible() || start == end) {
         return {};
     }
-    // In the frame the arc is of a circle; half its chord tells how much the circle must grow, and where it is.
+    // In the frame the arc is of a circle; half its chord tells how much the circle must grow, and where it
+    // is.
     const affine into = frame.inverse();
     const point half = (into.vector(end) - into.vector(start)) * 0.5;
     const double growth = std::max(1.0, length(half));
@@ -124,4 +126,4 @@ std::vector<cubic> nearly_quadratic_parts(const cubic& curve, double tolerance) 
     return parts;
 }
 
-} // namespace completion
+}  // namespace completion

@@ -150,7 +150,7 @@ private:
     std::vector<stroke_run> runs_;
 };
 
-} // namespace
+}  // namespace
 
 std::vector<stroke_run> runs_of(const figure& whole, const stroke_style& style, double width) {
     const figure line = without_repetitions(whole);
@@ -163,4 +163,4 @@ std::vector<stroke_run> runs_of(const figure& whole, const stroke_style& style, 
     return {{line, style.start_cap, style.end_cap, {1, 0}}};
 }
 
-} // namespace completion
+}  // namespace completion

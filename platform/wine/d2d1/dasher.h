@@ -17,4 +17,4 @@ struct stroke_run {
 /// Cuts a figure into what is drawn of it; equal points that follow each other become one.
 [[nodiscard]] std::vector<stroke_run> runs_of(const figure& whole, const stroke_style& style, double width);
 
-} // namespace completion
+}  // namespace completion

@@ -16,7 +16,7 @@ constexpr GUID output_id{0x8d5b0f4c, 0x60a7, 0x4c1f, {0x9e, 0x2b, 0x31, 0x7d, 0x
 
 const auto invalid_property = static_cast<HRESULT>(D2DERR_INVALID_PROPERTY);
 
-} // namespace
+}  // namespace
 
 effect::effect(owned<ID2D1Factory> factory, std::size_t inputs, std::size_t most_inputs)
     : factory_(std::move(factory)), inputs_(inputs), most_inputs_(most_inputs), output_(*this) {}
@@ -99,8 +99,8 @@ D2D1_PROPERTY_TYPE effect::GetType(UINT32 index) const noexcept {
 
 UINT32 effect::GetPropertyIndex(PCWSTR name) const noexcept {
     const auto all = properties();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&](const auto& each) { return std::wcscmp(each.name, name) == 0; });
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [&](const auto& each) { return std::wcscmp(each.name, name) == 0; });
     return found == all.end() ? UINT32_MAX : static_cast<UINT32>(found - all.begin());
 }
 
@@ -204,4 +204,4 @@ void effect::output_image::GetFactory(ID2D1Factory** factory) const noexcept {
     }
 }
 
-} // namespace completion
+}  // namespace completion

@@ -50,7 +50,8 @@ public:
     HRESULT STDMETHODCALLTYPE GetValue(UINT32 index, D2D1_PROPERTY_TYPE type, BYTE* data,
                                        UINT32 size) const noexcept override;
     UINT32 STDMETHODCALLTYPE GetValueSize(UINT32 index) const noexcept override;
-    HRESULT STDMETHODCALLTYPE GetSubProperties(UINT32 index, ID2D1Properties** result) const noexcept override;
+    HRESULT STDMETHODCALLTYPE GetSubProperties(UINT32 index,
+                                               ID2D1Properties** result) const noexcept override;
 
     void STDMETHODCALLTYPE SetInput(UINT32 index, ID2D1Image* input, BOOL invalidate) noexcept override;
     HRESULT STDMETHODCALLTYPE SetInputCount(UINT32 count) noexcept override;
@@ -63,7 +64,8 @@ protected:
     virtual ~effect() = default;
 
     [[nodiscard]] virtual std::span<const effect_property> properties() const noexcept = 0;
-    [[nodiscard]] std::optional<pixel_image> input_picture(std::size_t index, ID2D1DeviceContext* context) const;
+    [[nodiscard]] std::optional<pixel_image> input_picture(std::size_t index,
+                                                           ID2D1DeviceContext* context) const;
 
 private:
     class output_image final : public ID2D1Image {
@@ -97,4 +99,4 @@ private:
 /// Its inputs upon each other, the first one lowest.
 [[nodiscard]] owned<ID2D1Effect> make_composite_effect(owned<ID2D1Factory> factory);
 
-} // namespace completion
+}  // namespace completion

@@ -16,7 +16,8 @@ namespace {
 
 using create_effect_method = HRESULT (STDMETHODCALLTYPE ID2D1DeviceContext::*)(REFCLSID, ID2D1Effect**);
 using draw_image_method = void (STDMETHODCALLTYPE ID2D1DeviceContext::*)(ID2D1Image*, const D2D1_POINT_2F*,
-                                                                         const D2D1_RECT_F*, D2D1_INTERPOLATION_MODE,
+                                                                         const D2D1_RECT_F*,
+                                                                         D2D1_INTERPOLATION_MODE,
                                                                          D2D1_COMPOSITE_MODE);
 
 table_slot<create_effect_method> create_effect_slot{&ID2D1DeviceContext::CreateEffect};
@@ -30,17 +31,20 @@ bool original_draws_shadows(ID2D1DeviceContext* any) {
     });
     const auto context = device ? make<ID2D1DeviceContext>([&](ID2D1DeviceContext** result) {
         return device->CreateDeviceContext(D2D1_DEVICE_CONTEXT_OPTIONS_NONE, result);
-    }) : nullptr;
+    })
+                                : nullptr;
     D2D1_BITMAP_PROPERTIES1 properties{};
     properties.pixelFormat = {DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_PREMULTIPLIED};
     properties.bitmapOptions = D2D1_BITMAP_OPTIONS_TARGET;
     constexpr D2D1_SIZE_U size{16, 16};
     const auto target = context ? make<ID2D1Bitmap1>([&](ID2D1Bitmap1** result) {
         return context->CreateBitmap(size, nullptr, 0, &properties, result);
-    }) : nullptr;
+    })
+                                : nullptr;
     const auto shadow = context ? make<ID2D1Effect>([&](ID2D1Effect** result) {
         return create_effect_slot.original()(context.get(), CLSID_D2D1Shadow, result);
-    }) : nullptr;
+    })
+                                : nullptr;
     pixel_image input;
     input.width = 8;
     input.height = 8;
@@ -62,11 +66,13 @@ bool original_draws_shadows(ID2D1DeviceContext* any) {
     const D2D1_POINT_2F offset{4, 4};
     draw_image_slot.original()(context.get(), output.get(), &offset, nullptr, D2D1_INTERPOLATION_MODE_LINEAR,
                                D2D1_COMPOSITE_MODE_SOURCE_OVER);
-    const auto drawn = SUCCEEDED(context->EndDraw()) ? read_bitmap(context.get(), target.get()) : std::nullopt;
+    const auto drawn =
+        SUCCEEDED(context->EndDraw()) ? read_bitmap(context.get(), target.get()) : std::nullopt;
     return drawn && drawn->at(8, 8)[2] > 64 && drawn->at(8, 8)[0] == 0;
 }
 
-HRESULT STDMETHODCALLTYPE create_effect(ID2D1DeviceContext* self, REFCLSID id, ID2D1Effect** result) noexcept {
+HRESULT STDMETHODCALLTYPE create_effect(ID2D1DeviceContext* self, REFCLSID id,
+                                        ID2D1Effect** result) noexcept {
     const bool shadow = id == CLSID_D2D1Shadow;
     if (!result || (!shadow && id != CLSID_D2D1Composite)) {
         return create_effect_slot.original()(self, id, result);
@@ -80,12 +86,15 @@ HRESULT STDMETHODCALLTYPE create_effect(ID2D1DeviceContext* self, REFCLSID id, I
             self->GetFactory(found);
             return S_OK;
         });
-        *result = (shadow ? make_shadow_effect(std::move(factory)) : make_composite_effect(std::move(factory))).release();
+        *result =
+            (shadow ? make_shadow_effect(std::move(factory)) : make_composite_effect(std::move(factory)))
+                .release();
         return S_OK;
     });
 }
 
-/// A picture at the offset of the image's origin, cut to the image rectangle, whose corner then takes the offset.
+/// A picture at the offset of the image's origin, cut to the image rectangle, whose corner then takes the
+/// offset.
 void draw_picture(ID2D1DeviceContext* context, const pixel_image& picture, D2D1_POINT_2F offset,
                   const D2D1_RECT_F* image_rectangle, D2D1_INTERPOLATION_MODE interpolation,
                   D2D1_COMPOSITE_MODE mode) {
@@ -95,8 +104,10 @@ void draw_picture(ID2D1DeviceContext* context, const pixel_image& picture, D2D1_
     }
     const float unit_x = 96 / picture.dpi_x;
     const float unit_y = 96 / picture.dpi_y;
-    const D2D1_POINT_2F corner{static_cast<float>(picture.left) * unit_x, static_cast<float>(picture.top) * unit_y};
-    D2D1_RECT_F part{0, 0, static_cast<float>(picture.width) * unit_x, static_cast<float>(picture.height) * unit_y};
+    const D2D1_POINT_2F corner{static_cast<float>(picture.left) * unit_x,
+                               static_cast<float>(picture.top) * unit_y};
+    D2D1_RECT_F part{0, 0, static_cast<float>(picture.width) * unit_x,
+                     static_cast<float>(picture.height) * unit_y};
     D2D1_POINT_2F origin{0, 0};
     if (image_rectangle) {
         origin = {image_rectangle->left, image_rectangle->top};
@@ -108,7 +119,8 @@ void draw_picture(ID2D1DeviceContext* context, const pixel_image& picture, D2D1_
     if (part.left >= part.right || part.top >= part.bottom) {
         return;
     }
-    const D2D1_POINT_2F place{offset.x + corner.x + part.left - origin.x, offset.y + corner.y + part.top - origin.y};
+    const D2D1_POINT_2F place{offset.x + corner.x + part.left - origin.x,
+                              offset.y + corner.y + part.top - origin.y};
     draw_image_slot.original()(context, bitmap.get(), &place, &part, interpolation, mode);
 }
 
@@ -123,8 +135,8 @@ void STDMETHODCALLTYPE draw_image(ID2D1DeviceContext* self, ID2D1Image* image, c
     // The operation reports nothing: a picture that can't be had isn't drawn.
     static_cast<void>(guarded([&] {
         if (const auto picture = drawn->picture(self)) {
-            draw_picture(self, *picture, offset ? *offset : D2D1_POINT_2F{0, 0}, image_rectangle, interpolation,
-                         mode);
+            draw_picture(self, *picture, offset ? *offset : D2D1_POINT_2F{0, 0}, image_rectangle,
+                         interpolation, mode);
         }
         return S_OK;
     }));
@@ -164,7 +176,7 @@ using creation = HRESULT (STDMETHODCALLTYPE ID2D1Factory::*)(Arguments..., Targe
 
 using properties = const D2D1_RENDER_TARGET_PROPERTIES*;
 
-} // namespace
+}  // namespace
 
 void complete_context(ID2D1DeviceContext* context) {
     if (context) {
@@ -188,10 +200,11 @@ void complete_effects(ID2D1Factory* factory) {
             &ID2D1Factory::CreateDxgiSurfaceRenderTarget)>::watch(factory);
         watched_creation<static_cast<creation<ID2D1DCRenderTarget, properties>>(
             &ID2D1Factory::CreateDCRenderTarget)>::watch(factory);
-        watched_creation<static_cast<creation<ID2D1HwndRenderTarget, properties, const D2D1_HWND_RENDER_TARGET_PROPERTIES*>>(
+        watched_creation<static_cast<
+            creation<ID2D1HwndRenderTarget, properties, const D2D1_HWND_RENDER_TARGET_PROPERTIES*>>(
             &ID2D1Factory::CreateHwndRenderTarget)>::watch(factory);
         watched_creation<&ID2D1Factory1::CreateDevice>::watch(query<ID2D1Factory1>(factory).get());
     });
 }
 
-} // namespace completion
+}  // namespace completion

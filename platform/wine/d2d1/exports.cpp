@@ -27,7 +27,7 @@ void complete_factory_of(ID2D1Resource* resource) {
              }).get());
 }
 
-} // namespace
+}  // namespace
 
 // The names that MinGW's headers leave out, and those that they declare otherwise than Windows' do.
 extern "C" {
@@ -36,7 +36,8 @@ HRESULT WINAPI D2D1CreateDevice(IDXGIDevice* device, const D2D1_CREATION_PROPERT
                                 ID2D1Device** result);
 HRESULT WINAPI D2D1CreateDeviceContext(IDXGISurface* surface, const D2D1_CREATION_PROPERTIES* properties,
                                        ID2D1DeviceContext** result);
-D2D1_COLOR_F WINAPI D2D1ConvertColorSpace(D2D1_COLOR_SPACE from, D2D1_COLOR_SPACE to, const D2D1_COLOR_F* color);
+D2D1_COLOR_F WINAPI D2D1ConvertColorSpace(D2D1_COLOR_SPACE from, D2D1_COLOR_SPACE to,
+                                          const D2D1_COLOR_F* color);
 void WINAPI D2D1SinCos(FLOAT angle, FLOAT* sine, FLOAT* cosine);
 FLOAT WINAPI D2D1Tan(FLOAT angle);
 FLOAT WINAPI D2D1Vec3Length(FLOAT x, FLOAT y, FLOAT z);
@@ -70,7 +71,8 @@ HRESULT WINAPI D2D1CreateDevice(IDXGIDevice* device, const D2D1_CREATION_PROPERT
 HRESULT WINAPI D2D1CreateDeviceContext(IDXGISurface* surface, const D2D1_CREATION_PROPERTIES* properties,
                                        ID2D1DeviceContext** result) {
     return guarded([&] {
-        static const auto forward = original().function<decltype(D2D1CreateDeviceContext)>("D2D1CreateDeviceContext");
+        static const auto forward =
+            original().function<decltype(D2D1CreateDeviceContext)>("D2D1CreateDeviceContext");
         const HRESULT outcome = forward(surface, properties, result);
         if (SUCCEEDED(outcome)) {
             complete_factory_of(*result);
@@ -91,7 +93,8 @@ void WINAPI D2D1MakeSkewMatrix(FLOAT x, FLOAT y, D2D1_POINT_2F center, D2D1_MATR
 }
 
 WINBOOL WINAPI D2D1IsMatrixInvertible(const D2D1_MATRIX_3X2_F* matrix) {
-    static const auto forward = original().function<decltype(D2D1IsMatrixInvertible)>("D2D1IsMatrixInvertible");
+    static const auto forward =
+        original().function<decltype(D2D1IsMatrixInvertible)>("D2D1IsMatrixInvertible");
     return forward(matrix);
 }
 
@@ -100,7 +103,8 @@ WINBOOL WINAPI D2D1InvertMatrix(D2D1_MATRIX_3X2_F* matrix) {
     return forward(matrix);
 }
 
-D2D1_COLOR_F WINAPI D2D1ConvertColorSpace(D2D1_COLOR_SPACE from, D2D1_COLOR_SPACE to, const D2D1_COLOR_F* color) {
+D2D1_COLOR_F WINAPI D2D1ConvertColorSpace(D2D1_COLOR_SPACE from, D2D1_COLOR_SPACE to,
+                                          const D2D1_COLOR_F* color) {
     static const auto forward = original().function<decltype(D2D1ConvertColorSpace)>("D2D1ConvertColorSpace");
     return forward(from, to, color);
 }
@@ -120,4 +124,4 @@ FLOAT WINAPI D2D1Vec3Length(FLOAT x, FLOAT y, FLOAT z) {
     return forward(x, y, z);
 }
 
-} // extern "C"
+}  // extern "C"

@@ -38,10 +38,9 @@ TEST_F(fill_hits, reach_beyond_the_edge_by_less_than_the_tolerance) {
     const auto square_path = lines({{10, 10}, {50, 10}, {50, 50}, {10, 50}}, D2D1_FIGURE_END_CLOSED);
     const auto circle = ellipse(30, 30, 20, 20);
     const auto corners = rounded({10, 10, 50, 50}, 5, 5);
-    for (ID2D1Geometry* shape : {static_cast<ID2D1Geometry*>(square.get()),
-                                 static_cast<ID2D1Geometry*>(square_path.get()),
-                                 static_cast<ID2D1Geometry*>(circle.get()),
-                                 static_cast<ID2D1Geometry*>(corners.get())}) {
+    for (ID2D1Geometry* shape :
+         {static_cast<ID2D1Geometry*>(square.get()), static_cast<ID2D1Geometry*>(square_path.get()),
+          static_cast<ID2D1Geometry*>(circle.get()), static_cast<ID2D1Geometry*>(corners.get())}) {
         for (const float tolerance : {0.25f, 1.0f}) {
             EXPECT_TRUE(fill_has(shape, {10 - 0.9f * tolerance, 30}, tolerance));
             EXPECT_FALSE(fill_has(shape, {10 - 1.1f * tolerance, 30}, tolerance));
@@ -106,6 +105,6 @@ TEST_F(fill_hits, of_random_triangles_agree_with_the_signs_of_their_sides) {
     }
 }
 
-} // namespace
+}  // namespace
 
-} // namespace completion::test
+}  // namespace completion::test

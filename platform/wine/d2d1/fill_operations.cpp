@@ -57,7 +57,7 @@ HRESULT simplify_group(ID2D1GeometryGroup* group, D2D1_GEOMETRY_SIMPLIFICATION_O
     return S_OK;
 }
 
-} // namespace
+}  // namespace
 
 HRESULT bounds(ID2D1Geometry* self, const D2D1_MATRIX_3X2_F* world, D2D1_RECT_F* result) {
     if (const auto box = round_box_of(self)) {
@@ -93,8 +93,8 @@ HRESULT fill_contains(ID2D1Geometry* self, D2D1_POINT_2F p, const D2D1_MATRIX_3X
     return outcome;
 }
 
-HRESULT simplify(ID2D1Geometry* self, D2D1_GEOMETRY_SIMPLIFICATION_OPTION option, const D2D1_MATRIX_3X2_F* world,
-                 float tolerance, ID2D1SimplifiedGeometrySink* sink) {
+HRESULT simplify(ID2D1Geometry* self, D2D1_GEOMETRY_SIMPLIFICATION_OPTION option,
+                 const D2D1_MATRIX_3X2_F* world, float tolerance, ID2D1SimplifiedGeometrySink* sink) {
     if (const auto box = round_box_of(self)) {
         box->write(option, affine(world), usable_tolerance(tolerance), sink);
         return S_OK;
@@ -105,4 +105,4 @@ HRESULT simplify(ID2D1Geometry* self, D2D1_GEOMETRY_SIMPLIFICATION_OPTION option
     return E_NOTIMPL;
 }
 
-} // namespace completion::geometry
+}  // namespace completion::geometry

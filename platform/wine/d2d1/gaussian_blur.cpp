@@ -23,8 +23,8 @@ std::vector<float> bell(double deviation) {
     return kernel;
 }
 
-/// Each part of the kernel weighs the row's values as a whole; what is zero at the row's ends is left out, as a wide
-/// blur of a small picture has much of it.
+/// Each part of the kernel weighs the row's values as a whole; what is zero at the row's ends is left out, as
+/// a wide blur of a small picture has much of it.
 void weigh_row(const std::vector<float>& row, std::vector<float>& result, const std::vector<float>& kernel) {
     const auto is_covered = [](float value) { return value != 0; };
     const auto count = static_cast<std::ptrdiff_t>(row.size());
@@ -63,14 +63,16 @@ std::vector<float> flipped(const std::vector<float>& plane, int width, int heigh
     std::vector<float> result(plane.size());
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            result[static_cast<std::size_t>(x) * static_cast<std::size_t>(height) + static_cast<std::size_t>(y)] =
-                plane[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)];
+            result[static_cast<std::size_t>(x) * static_cast<std::size_t>(height) +
+                   static_cast<std::size_t>(y)] =
+                plane[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                      static_cast<std::size_t>(x)];
         }
     }
     return result;
 }
 
-} // namespace
+}  // namespace
 
 int blur_reach(double deviation) noexcept {
     return static_cast<int>(std::ceil(3 * deviation));
@@ -83,4 +85,4 @@ void gaussian_blur(std::vector<float>& plane, int width, int height, double devi
     plane = flipped(columns, height, width);
 }
 
-} // namespace completion
+}  // namespace completion

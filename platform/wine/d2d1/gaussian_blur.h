@@ -10,4 +10,4 @@ namespace completion {
 /// Blurs a plane of values (rows one after another) in place, with zero all around. Deviations count pixels.
 void gaussian_blur(std::vector<float>& plane, int width, int height, double deviation_x, double deviation_y);
 
-} // namespace completion
+}  // namespace completion

@@ -78,7 +78,7 @@ HRESULT STDMETHODCALLTYPE open_refined(ID2D1PathGeometry* self, ID2D1GeometrySin
     });
 }
 
-} // namespace
+}  // namespace
 
 void complete_geometries(ID2D1Factory* factory) {
     static std::once_flag once;
@@ -96,4 +96,4 @@ void complete_geometries(ID2D1Factory* factory) {
     });
 }
 
-} // namespace completion
+}  // namespace completion

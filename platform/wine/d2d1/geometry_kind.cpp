@@ -23,4 +23,4 @@ std::optional<round_box> round_box_of(ID2D1Geometry* geometry) {
     return std::nullopt;
 }
 
-} // namespace completion
+}  // namespace completion

@@ -28,7 +28,8 @@ owned<ID2D1PathGeometry> rectangle_path(ID2D1Factory* factory, float width, floa
 template <typename Fill>
 D2D1_RECT_F path_bounds(ID2D1Factory* factory, Fill fill) {
     D2D1_RECT_F bounds{};
-    const auto path = make<ID2D1PathGeometry>([&](auto result) { return factory->CreatePathGeometry(result); });
+    const auto path =
+        make<ID2D1PathGeometry>([&](auto result) { return factory->CreatePathGeometry(result); });
     const auto sink = path ? make<ID2D1GeometrySink>([&](auto result) { return path->Open(result); })
                            : owned<ID2D1GeometrySink>();
     if (sink) {
@@ -41,7 +42,7 @@ D2D1_RECT_F path_bounds(ID2D1Factory* factory, Fill fill) {
     return bounds;
 }
 
-} // namespace
+}  // namespace
 
 geometry_samples::geometry_samples(ID2D1Factory* factory)
     : path(rectangle_path(factory, sample_width, sample_height)) {
@@ -52,11 +53,12 @@ geometry_samples::geometry_samples(ID2D1Factory* factory)
     rounded = make<ID2D1RoundedRectangleGeometry>(
         [&](auto result) { return factory->CreateRoundedRectangleGeometry(&corners, result); });
     const D2D1_ELLIPSE disc{{0, 0}, sample_width, sample_height};
-    ellipse =
-        make<ID2D1EllipseGeometry>([&](auto result) { return factory->CreateEllipseGeometry(&disc, result); });
+    ellipse = make<ID2D1EllipseGeometry>(
+        [&](auto result) { return factory->CreateEllipseGeometry(&disc, result); });
     ID2D1Geometry* member = path.get();
-    group = make<ID2D1GeometryGroup>(
-        [&](auto result) { return factory->CreateGeometryGroup(D2D1_FILL_MODE_ALTERNATE, &member, 1, result); });
+    group = make<ID2D1GeometryGroup>([&](auto result) {
+        return factory->CreateGeometryGroup(D2D1_FILL_MODE_ALTERNATE, &member, 1, result);
+    });
     if (const auto half = rectangle_path(factory, sample_width / 2, sample_height / 2)) {
         D2D1_MATRIX_3X2_F twice{};
         twice._11 = 2;
@@ -102,4 +104,4 @@ bool keeps_curves(ID2D1Factory* factory) {
     return std::abs(wave.bottom - 28.87f) < 0.1f && std::abs(half_circle.top + 20) < 0.1f;
 }
 
-} // namespace completion
+}  // namespace completion

@@ -6,7 +6,8 @@
 
 namespace completion {
 
-/// One geometry of each kind. All but the rounded ones are the rectangle (0, 0, 40, 24), begun at its left top corner.
+/// One geometry of each kind. All but the rounded ones are the rectangle (0, 0, 40, 24), begun at its left
+/// top corner.
 struct geometry_samples {
     explicit geometry_samples(ID2D1Factory* factory);
 
@@ -27,4 +28,4 @@ struct geometry_samples {
 /// Whether the paths of the factory keep cubic curves and arcs as they are.
 [[nodiscard]] bool keeps_curves(ID2D1Factory* factory);
 
-} // namespace completion
+}  // namespace completion

@@ -34,7 +34,8 @@ geometry_test::geometry_test()
                                    reinterpret_cast<void**>(result));
       })) {}
 
-owned<ID2D1RectangleGeometry> geometry_test::rectangle(float left, float top, float right, float bottom) const {
+owned<ID2D1RectangleGeometry> geometry_test::rectangle(float left, float top, float right,
+                                                       float bottom) const {
     const D2D1_RECT_F shape{left, top, right, bottom};
     return make<ID2D1RectangleGeometry>(
         [&](auto result) { return factory_->CreateRectangleGeometry(&shape, result); });
@@ -59,7 +60,8 @@ owned<ID2D1TransformedGeometry> geometry_test::transformed(ID2D1Geometry* source
         [&](auto result) { return factory_->CreateTransformedGeometry(source, &matrix, result); });
 }
 
-owned<ID2D1GeometryGroup> geometry_test::group(D2D1_FILL_MODE mode, std::vector<ID2D1Geometry*> members) const {
+owned<ID2D1GeometryGroup> geometry_test::group(D2D1_FILL_MODE mode,
+                                               std::vector<ID2D1Geometry*> members) const {
     return make<ID2D1GeometryGroup>([&](auto result) {
         return factory_->CreateGeometryGroup(mode, members.data(), static_cast<UINT>(members.size()), result);
     });
@@ -75,7 +77,8 @@ owned<ID2D1PathGeometry> geometry_test::lines(const std::vector<D2D1_POINT_2F>& 
 }
 
 owned<ID2D1StrokeStyle> geometry_test::style(D2D1_CAP_STYLE cap, D2D1_LINE_JOIN join, float miter_limit,
-                                             D2D1_DASH_STYLE dash, float offset, std::vector<float> dashes) const {
+                                             D2D1_DASH_STYLE dash, float offset,
+                                             std::vector<float> dashes) const {
     const D2D1_STROKE_STYLE_PROPERTIES properties{cap, cap, cap, join, miter_limit, dash, offset};
     return make<ID2D1StrokeStyle>([&](auto result) {
         return factory_->CreateStrokeStyle(&properties, dashes.empty() ? nullptr : dashes.data(),
@@ -102,8 +105,8 @@ bool fill_has(ID2D1Geometry* geometry, D2D1_POINT_2F p, float tolerance, const D
     return contains != FALSE;
 }
 
-bool stroke_has(ID2D1Geometry* geometry, D2D1_POINT_2F p, float width, ID2D1StrokeStyle* style, float tolerance,
-                const D2D1_MATRIX_3X2_F* world) {
+bool stroke_has(ID2D1Geometry* geometry, D2D1_POINT_2F p, float width, ID2D1StrokeStyle* style,
+                float tolerance, const D2D1_MATRIX_3X2_F* world) {
     BOOL contains = FALSE;
     EXPECT_EQ(geometry->StrokeContainsPoint(p, width, style, world, tolerance, &contains), S_OK);
     return contains != FALSE;
@@ -116,4 +119,4 @@ void expect_near(const D2D1_RECT_F& actual, const D2D1_RECT_F& expected, float t
     EXPECT_NEAR(actual.bottom, expected.bottom, tolerance);
 }
 
-} // namespace completion::test
+}  // namespace completion::test

@@ -47,22 +47,27 @@ class geometry_test : public testing::Test {
 protected:
     geometry_test();
 
-    [[nodiscard]] owned<ID2D1RectangleGeometry> rectangle(float left, float top, float right, float bottom) const;
+    [[nodiscard]] owned<ID2D1RectangleGeometry> rectangle(float left, float top, float right,
+                                                          float bottom) const;
     [[nodiscard]] owned<ID2D1EllipseGeometry> ellipse(float x, float y, float radius_x, float radius_y) const;
     [[nodiscard]] owned<ID2D1RoundedRectangleGeometry> rounded(const D2D1_RECT_F& shape, float radius_x,
                                                                float radius_y) const;
     [[nodiscard]] owned<ID2D1TransformedGeometry> transformed(ID2D1Geometry* source,
                                                               const D2D1_MATRIX_3X2_F& matrix) const;
-    [[nodiscard]] owned<ID2D1GeometryGroup> group(D2D1_FILL_MODE mode, std::vector<ID2D1Geometry*> members) const;
-    [[nodiscard]] owned<ID2D1PathGeometry> lines(const std::vector<D2D1_POINT_2F>& points, D2D1_FIGURE_END end,
+    [[nodiscard]] owned<ID2D1GeometryGroup> group(D2D1_FILL_MODE mode,
+                                                  std::vector<ID2D1Geometry*> members) const;
+    [[nodiscard]] owned<ID2D1PathGeometry> lines(const std::vector<D2D1_POINT_2F>& points,
+                                                 D2D1_FIGURE_END end,
                                                  D2D1_FIGURE_BEGIN begin = D2D1_FIGURE_BEGIN_FILLED) const;
-    [[nodiscard]] owned<ID2D1StrokeStyle> style(D2D1_CAP_STYLE cap, D2D1_LINE_JOIN join, float miter_limit = 10,
-                                                D2D1_DASH_STYLE dash = D2D1_DASH_STYLE_SOLID, float offset = 0,
-                                                std::vector<float> dashes = {}) const;
+    [[nodiscard]] owned<ID2D1StrokeStyle> style(D2D1_CAP_STYLE cap, D2D1_LINE_JOIN join,
+                                                float miter_limit = 10,
+                                                D2D1_DASH_STYLE dash = D2D1_DASH_STYLE_SOLID,
+                                                float offset = 0, std::vector<float> dashes = {}) const;
 
     template <typename Fill>
     [[nodiscard]] owned<ID2D1PathGeometry> path(Fill fill) const {
-        auto made = make<ID2D1PathGeometry>([&](auto result) { return factory_->CreatePathGeometry(result); });
+        auto made =
+            make<ID2D1PathGeometry>([&](auto result) { return factory_->CreatePathGeometry(result); });
         const auto sink = make<ID2D1GeometrySink>([&](auto result) { return made->Open(result); });
         fill(sink.get());
         EXPECT_EQ(sink->Close(), S_OK);
@@ -84,4 +89,4 @@ protected:
 
 void expect_near(const D2D1_RECT_F& actual, const D2D1_RECT_F& expected, float tolerance);
 
-} // namespace completion::test
+}  // namespace completion::test

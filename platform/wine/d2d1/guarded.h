@@ -19,4 +19,4 @@ template <typename Work>
     }
 }
 
-} // namespace completion
+}  // namespace completion

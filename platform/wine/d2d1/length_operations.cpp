@@ -21,7 +21,7 @@ void each_segment(const outline& shape, Visit visit) {
     }
 }
 
-} // namespace
+}  // namespace
 
 HRESULT perimeter(ID2D1Geometry* self, const D2D1_MATRIX_3X2_F* world, float tolerance, float* result) {
     HRESULT outcome = S_OK;
@@ -61,4 +61,4 @@ HRESULT point_at_length(ID2D1Geometry* self, float at, const D2D1_MATRIX_3X2_F* 
     return outcome;
 }
 
-} // namespace completion::geometry
+}  // namespace completion::geometry

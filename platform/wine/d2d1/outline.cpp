@@ -83,4 +83,4 @@ bool fill_contains(const outline& shape, point p, double tolerance) {
     return false;
 }
 
-} // namespace completion
+}  // namespace completion

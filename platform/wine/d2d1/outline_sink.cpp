@@ -67,4 +67,4 @@ void outline_sink::EndFigure(D2D1_FIGURE_END end) noexcept {
     }
 }
 
-} // namespace completion
+}  // namespace completion

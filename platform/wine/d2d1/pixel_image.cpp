@@ -25,29 +25,29 @@ struct weights {
 
 weights weights_of(D2D1_COMPOSITE_MODE mode, int source_alpha, int destination_alpha) noexcept {
     switch (mode) {
-    case D2D1_COMPOSITE_MODE_DESTINATION_OVER:
-        return {255 - destination_alpha, 255};
-    case D2D1_COMPOSITE_MODE_SOURCE_IN:
-        return {destination_alpha, 0};
-    case D2D1_COMPOSITE_MODE_DESTINATION_IN:
-        return {0, source_alpha};
-    case D2D1_COMPOSITE_MODE_SOURCE_OUT:
-        return {255 - destination_alpha, 0};
-    case D2D1_COMPOSITE_MODE_DESTINATION_OUT:
-        return {0, 255 - source_alpha};
-    case D2D1_COMPOSITE_MODE_SOURCE_ATOP:
-        return {destination_alpha, 255 - source_alpha};
-    case D2D1_COMPOSITE_MODE_DESTINATION_ATOP:
-        return {255 - destination_alpha, source_alpha};
-    case D2D1_COMPOSITE_MODE_XOR:
-        return {255 - destination_alpha, 255 - source_alpha};
-    case D2D1_COMPOSITE_MODE_PLUS:
-        return {255, 255};
-    case D2D1_COMPOSITE_MODE_SOURCE_COPY:
-    case D2D1_COMPOSITE_MODE_BOUNDED_SOURCE_COPY:
-        return {255, 0};
-    default:
-        return {255, 255 - source_alpha};
+        case D2D1_COMPOSITE_MODE_DESTINATION_OVER:
+            return {255 - destination_alpha, 255};
+        case D2D1_COMPOSITE_MODE_SOURCE_IN:
+            return {destination_alpha, 0};
+        case D2D1_COMPOSITE_MODE_DESTINATION_IN:
+            return {0, source_alpha};
+        case D2D1_COMPOSITE_MODE_SOURCE_OUT:
+            return {255 - destination_alpha, 0};
+        case D2D1_COMPOSITE_MODE_DESTINATION_OUT:
+            return {0, 255 - source_alpha};
+        case D2D1_COMPOSITE_MODE_SOURCE_ATOP:
+            return {destination_alpha, 255 - source_alpha};
+        case D2D1_COMPOSITE_MODE_DESTINATION_ATOP:
+            return {255 - destination_alpha, source_alpha};
+        case D2D1_COMPOSITE_MODE_XOR:
+            return {255 - destination_alpha, 255 - source_alpha};
+        case D2D1_COMPOSITE_MODE_PLUS:
+            return {255, 255};
+        case D2D1_COMPOSITE_MODE_SOURCE_COPY:
+        case D2D1_COMPOSITE_MODE_BOUNDED_SOURCE_COPY:
+            return {255, 0};
+        default:
+            return {255, 255 - source_alpha};
     }
 }
 
@@ -56,7 +56,8 @@ pixel inverted_under(pixel destination, int source_alpha) noexcept {
     pixel result = destination;
     for (std::size_t i = 0; i < alpha; ++i) {
         const int opposite = destination[alpha] - std::min(destination[i], destination[alpha]);
-        result[i] = static_cast<std::uint8_t>(part(opposite, source_alpha) + part(destination[i], 255 - source_alpha));
+        result[i] = static_cast<std::uint8_t>(part(opposite, source_alpha) +
+                                              part(destination[i], 255 - source_alpha));
     }
     return result;
 }
@@ -90,7 +91,7 @@ std::uint8_t channel(float value) noexcept {
     return static_cast<std::uint8_t>(std::lround(std::clamp(value, 0.0f, 1.0f) * 255));
 }
 
-} // namespace
+}  // namespace
 
 pixel_image shadow_of(const pixel_image& image, float deviation, const D2D1_VECTOR_4F& color) {
     const double usable = std::clamp(deviation, 0.0f, most_deviation);
@@ -114,11 +115,12 @@ pixel_image shadow_of(const pixel_image& image, float deviation, const D2D1_VECT
     return result;
 }
 
-pixel_image composite_of(const pixel_image& destination, const pixel_image& source, D2D1_COMPOSITE_MODE mode) {
-    pixel_image result = cleared(
-        destination, std::min(destination.left, source.left), std::min(destination.top, source.top),
-        std::max(destination.left + destination.width, source.left + source.width),
-        std::max(destination.top + destination.height, source.top + source.height));
+pixel_image composite_of(const pixel_image& destination, const pixel_image& source,
+                         D2D1_COMPOSITE_MODE mode) {
+    pixel_image result =
+        cleared(destination, std::min(destination.left, source.left), std::min(destination.top, source.top),
+                std::max(destination.left + destination.width, source.left + source.width),
+                std::max(destination.top + destination.height, source.top + source.height));
     for (int y = result.top; y < result.top + result.height; ++y) {
         for (int x = result.left; x < result.left + result.width; ++x) {
             const bool untouched = mode == D2D1_COMPOSITE_MODE_BOUNDED_SOURCE_COPY && !source.has(x, y);
@@ -129,4 +131,4 @@ pixel_image composite_of(const pixel_image& destination, const pixel_image& sour
     return result;
 }
 
-} // namespace completion
+}  // namespace completion

@@ -31,12 +31,12 @@ struct pixel_image {
     [[nodiscard]] pixel at(int x, int y) const noexcept { return has(x, y) ? pixels[index(x, y)] : pixel{}; }
 };
 
-/// The image's alpha, blurred, in one colour (red, green, blue, straight alpha). The deviation counts units of 1/96
-/// inch; the picture grows by three of them on each side.
+/// The image's alpha, blurred, in one colour (red, green, blue, straight alpha). The deviation counts units
+/// of 1/96 inch; the picture grows by three of them on each side.
 [[nodiscard]] pixel_image shadow_of(const pixel_image& image, float deviation, const D2D1_VECTOR_4F& color);
 
 /// The source upon the destination, as large as both.
 [[nodiscard]] pixel_image composite_of(const pixel_image& destination, const pixel_image& source,
                                        D2D1_COMPOSITE_MODE mode);
 
-} // namespace completion
+}  // namespace completion

@@ -1,6 +1,7 @@
 #include "planar_overlay.h"
 
 #include <cstdlib>
+#include <tuple>
 
 namespace completion {
 
@@ -29,7 +30,7 @@ std::int64_t cross(const Vertex& origin, const Vertex& a, const Vertex& b) noexc
     return (a.x - origin.x) * (b.y - origin.y) - (a.y - origin.y) * (b.x - origin.x);
 }
 
-} // namespace
+}  // namespace
 
 planar_overlay::planar_overlay(const outline& first, const outline& second)
     : fill_modes_{first.fill_mode, second.fill_mode}, scale_(scale_for({&first, &second})) {
@@ -54,6 +55,14 @@ planar_overlay::edge planar_overlay::flipped(const edge& given) noexcept {
     return {given.to, given.from, {-given.passes[0], -given.passes[1]}};
 }
 
+void planar_overlay::append(const edge& directed, std::vector<edge>& edges) {
+    const auto& [from, to, passes] = directed;
+    if (from != to) {
+        const bool upward = from.y < to.y || (from.y == to.y && from.x < to.x);
+        edges.push_back(upward ? directed : flipped(directed));
+    }
+}
+
 void planar_overlay::add(const outline& shape, std::size_t operand) {
     for (const figure& each : shape.figures) {
         if (!each.filled) {
@@ -64,10 +73,7 @@ void planar_overlay::add(const outline& shape, std::size_t operand) {
             const vertex to = on_grid(p);
             edge added{from, to, {0, 0}};
             added.passes[operand] = 1;
-            const bool upward = from.y < to.y || (from.y == to.y && from.x < to.x);
-            if (from != to) {
-                edges_.push_back(upward ? added : flipped(added));
-            }
+            append(added, edges_);
             from = to;
         }
     }
@@ -75,9 +81,8 @@ void planar_overlay::add(const outline& shape, std::size_t operand) {
 }
 
 void planar_overlay::merge_equal_edges() {
-    std::sort(edges_.begin(), edges_.end(), [](const edge& a, const edge& b) {
-        return std::tie(a.from, a.to) < std::tie(b.from, b.to);
-    });
+    std::sort(edges_.begin(), edges_.end(),
+              [](const edge& a, const edge& b) { return std::tie(a.from, a.to) < std::tie(b.from, b.to); });
     std::vector<edge> merged;
     for (const edge& each : edges_) {
         if (!merged.empty() && merged.back().from == each.from && merged.back().to == each.to) {
@@ -154,13 +159,9 @@ void planar_overlay::meet(const edge& a, const edge& b, std::vector<vertex>& cut
     }
 }
 
-bool planar_overlay::cut_once() {
-    // The edges come sorted by their left ends, so that each meets only those that begin before it ends.
-    std::sort(edges_.begin(), edges_.end(), [](const edge& a, const edge& b) {
-        return std::min(a.from.x, a.to.x) < std::min(b.from.x, b.to.x);
-    });
+std::vector<std::vector<planar_overlay::vertex>> planar_overlay::meetings() const {
+    // The edges are sorted by their left ends, so that each meets only those that begin before it ends.
     std::vector<std::vector<vertex>> cuts(edges_.size());
-    bool any = false;
     for (std::size_t i = 0; i < edges_.size(); ++i) {
         const edge& a = edges_[i];
         const std::int64_t right = std::max(a.from.x, a.to.x) + 1;
@@ -174,25 +175,33 @@ bool planar_overlay::cut_once() {
             }
         }
     }
+    return cuts;
+}
+
+void planar_overlay::append_pieces(const edge& whole, std::vector<vertex> cuts, std::vector<edge>& pieces) {
+    const auto along = [&whole](vertex v) {
+        return (v.x - whole.from.x) * (whole.to.x - whole.from.x) +
+               (v.y - whole.from.y) * (whole.to.y - whole.from.y);
+    };
+    std::sort(cuts.begin(), cuts.end(), [&](vertex a, vertex b) { return along(a) < along(b); });
+    cuts.push_back(whole.to);
+    vertex from = whole.from;
+    for (const vertex to : cuts) {
+        append({from, to, whole.passes}, pieces);
+        from = to;
+    }
+}
+
+bool planar_overlay::cut_once() {
+    std::sort(edges_.begin(), edges_.end(), [](const edge& a, const edge& b) {
+        return std::min(a.from.x, a.to.x) < std::min(b.from.x, b.to.x);
+    });
+    std::vector<std::vector<vertex>> cuts = meetings();
     std::vector<edge> pieces;
+    bool any = false;
     for (std::size_t i = 0; i < edges_.size(); ++i) {
-        const edge& whole = edges_[i];
-        const auto along = [&whole](vertex v) {
-            return (v.x - whole.from.x) * (whole.to.x - whole.from.x) +
-                   (v.y - whole.from.y) * (whole.to.y - whole.from.y);
-        };
-        std::sort(cuts[i].begin(), cuts[i].end(), [&](vertex a, vertex b) { return along(a) < along(b); });
-        cuts[i].push_back(whole.to);
-        any = any || cuts[i].size() > 1;
-        vertex from = whole.from;
-        for (const vertex to : cuts[i]) {
-            const edge piece{from, to, whole.passes};
-            const bool upward = from.y < to.y || (from.y == to.y && from.x < to.x);
-            if (from != to) {
-                pieces.push_back(upward ? piece : flipped(piece));
-            }
-            from = to;
-        }
+        any = any || !cuts[i].empty();
+        append_pieces(edges_[i], std::move(cuts[i]), pieces);
     }
     edges_ = std::move(pieces);
     return any;
@@ -232,8 +241,8 @@ std::vector<planar_overlay::edge> planar_overlay::boundary(const selection& sele
     for (const edge& each : edges_) {
         const side low = lower_side(each);
         const bool on_low = selected(inside(low.winding[0], 0), inside(low.winding[1], 1));
-        const bool on_high = selected(inside(low.winding[0] + each.passes[0], 0),
-                                      inside(low.winding[1] + each.passes[1], 1));
+        const bool on_high =
+            selected(inside(low.winding[0] + each.passes[0], 0), inside(low.winding[1] + each.passes[1], 1));
         if (on_low == on_high) {
             continue;
         }
@@ -243,52 +252,66 @@ std::vector<planar_overlay::edge> planar_overlay::boundary(const selection& sele
     return kept;
 }
 
+planar_overlay::ways::iterator planar_overlay::sharpest_turn(ways& leaving, vertex previous, vertex current) {
+    const auto turn = [&](const ways::value_type& way) {
+        const point in{static_cast<double>(current.x - previous.x),
+                       static_cast<double>(current.y - previous.y)};
+        const point out{static_cast<double>(way.second.x - current.x),
+                        static_cast<double>(way.second.y - current.y)};
+        return std::atan2(completion::cross(in, out), dot(in, out));
+    };
+    const auto [first, last] = leaving.equal_range(current);
+    return first == last ? leaving.end() : std::max_element(first, last, [&](const auto& a, const auto& b) {
+        return turn(a) < turn(b);
+    });
+}
+
+std::vector<planar_overlay::vertex> planar_overlay::take_loop(ways& leaving) {
+    const vertex start = leaving.begin()->first;
+    vertex previous = start;
+    vertex current = leaving.begin()->second;
+    leaving.erase(leaving.begin());
+    std::vector<vertex> loop{start};
+    while (current != start) {
+        // Where several figures touch, the sharpest turn into the filled side keeps them apart.
+        const auto way = sharpest_turn(leaving, previous, current);
+        if (way == leaving.end()) {
+            break;
+        }
+        loop.push_back(current);
+        previous = current;
+        current = way->second;
+        leaving.erase(way);
+    }
+    return loop;
+}
+
+figure planar_overlay::without_straight_vertices(const std::vector<vertex>& loop) const {
+    figure result;
+    for (std::size_t i = 0; i < loop.size(); ++i) {
+        const vertex before = loop[(i + loop.size() - 1) % loop.size()];
+        const vertex after = loop[(i + 1) % loop.size()];
+        if (cross(before, loop[i], after) != 0) {
+            result.points.push_back(off_grid(loop[i]));
+        }
+    }
+    result.smooth.resize(result.points.size(), false);
+    return result;
+}
+
 outline planar_overlay::traced(const std::vector<edge>& directed) const {
-    std::multimap<vertex, vertex> leaving;
+    ways leaving;
     for (const edge& each : directed) {
         leaving.emplace(each.from, each.to);
     }
     outline result;
     while (!leaving.empty()) {
-        const vertex start = leaving.begin()->first;
-        vertex previous = start;
-        vertex current = leaving.begin()->second;
-        leaving.erase(leaving.begin());
-        std::vector<vertex> loop{start};
-        while (current != start) {
-            // Where several figures touch, the sharpest turn into the filled side keeps them apart.
-            const auto [first, last] = leaving.equal_range(current);
-            if (first == last) {
-                break;
-            }
-            const auto turn = [&](const std::pair<const vertex, vertex>& way) {
-                const point in{static_cast<double>(current.x - previous.x),
-                               static_cast<double>(current.y - previous.y)};
-                const point out{static_cast<double>(way.second.x - current.x),
-                                static_cast<double>(way.second.y - current.y)};
-                return std::atan2(completion::cross(in, out), dot(in, out));
-            };
-            const auto best = std::max_element(
-                first, last, [&](const auto& a, const auto& b) { return turn(a) < turn(b); });
-            loop.push_back(current);
-            previous = current;
-            current = best->second;
-            leaving.erase(best);
-        }
-        figure traced_figure;
-        for (std::size_t i = 0; i < loop.size(); ++i) {
-            const vertex before = loop[(i + loop.size() - 1) % loop.size()];
-            const vertex after = loop[(i + 1) % loop.size()];
-            if (cross(before, loop[i], after) != 0) {
-                traced_figure.points.push_back(off_grid(loop[i]));
-            }
-        }
-        if (traced_figure.points.size() > 2) {
-            traced_figure.smooth.resize(traced_figure.points.size(), false);
-            result.figures.push_back(std::move(traced_figure));
+        figure loop = without_straight_vertices(take_loop(leaving));
+        if (loop.points.size() > 2) {
+            result.figures.push_back(std::move(loop));
         }
     }
     return result;
 }
 
-} // namespace completion
+}  // namespace completion

@@ -19,13 +19,23 @@ struct point {
     friend constexpr point operator*(point a, double factor) { return {a.x * factor, a.y * factor}; }
 };
 
-[[nodiscard]] constexpr double dot(point a, point b) noexcept { return a.x * b.x + a.y * b.y; }
-[[nodiscard]] constexpr double cross(point a, point b) noexcept { return a.x * b.y - a.y * b.x; }
-[[nodiscard]] inline double length(point a) noexcept { return std::hypot(a.x, a.y); }
+[[nodiscard]] constexpr double dot(point a, point b) noexcept {
+    return a.x * b.x + a.y * b.y;
+}
+[[nodiscard]] constexpr double cross(point a, point b) noexcept {
+    return a.x * b.y - a.y * b.x;
+}
+[[nodiscard]] inline double length(point a) noexcept {
+    return std::hypot(a.x, a.y);
+}
 /// A quarter turn, from the x axis to the y axis.
-[[nodiscard]] constexpr point turned(point a) noexcept { return {-a.y, a.x}; }
+[[nodiscard]] constexpr point turned(point a) noexcept {
+    return {-a.y, a.x};
+}
 
-[[nodiscard]] constexpr point from(D2D1_POINT_2F p) noexcept { return {p.x, p.y}; }
+[[nodiscard]] constexpr point from(D2D1_POINT_2F p) noexcept {
+    return {p.x, p.y};
+}
 [[nodiscard]] constexpr D2D1_POINT_2F to_d2d(point p) noexcept {
     return {static_cast<float>(p.x), static_cast<float>(p.y)};
 }
@@ -40,7 +50,9 @@ struct affine {
     /// The identity for a null pointer.
     explicit affine(const D2D1_MATRIX_3X2_F* m) noexcept : affine(m ? affine(*m) : affine()) {}
 
-    [[nodiscard]] point vector(point p) const noexcept { return {p.x * m11 + p.y * m21, p.x * m12 + p.y * m22}; }
+    [[nodiscard]] point vector(point p) const noexcept {
+        return {p.x * m11 + p.y * m21, p.x * m12 + p.y * m22};
+    }
     [[nodiscard]] point apply(point p) const noexcept { return vector(p) + point{dx, dy}; }
     [[nodiscard]] double determinant() const noexcept { return m11 * m22 - m12 * m21; }
     [[nodiscard]] bool invertible() const noexcept {
@@ -114,4 +126,4 @@ struct extent {
     return tolerance > 0 ? static_cast<double>(tolerance) : double{D2D1_DEFAULT_FLATTENING_TOLERANCE};
 }
 
-} // namespace completion
+}  // namespace completion

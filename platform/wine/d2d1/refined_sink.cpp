@@ -15,7 +15,7 @@ D2D1_BEZIER_SEGMENT segment_of(const cubic& curve) noexcept {
     return {to_d2d(curve.p1), to_d2d(curve.p2), to_d2d(curve.p3)};
 }
 
-} // namespace
+}  // namespace
 
 HRESULT refined_sink::QueryInterface(REFIID id, void** object) noexcept {
     if (id == __uuidof(IUnknown) || id == __uuidof(ID2D1SimplifiedGeometrySink) ||
@@ -122,4 +122,4 @@ void refined_sink::add_parts(point p1, point p2, point p3) noexcept {
     current_ = p3;
 }
 
-} // namespace completion
+}  // namespace completion

@@ -7,8 +7,8 @@
 
 namespace completion {
 
-/// Stands before a path's sink that keeps cubic curves as single quadratic ones and drops arcs: cuts cubic curves
-/// into parts that survive this, and arcs into cubic curves. Everything else passes unchanged.
+/// Stands before a path's sink that keeps cubic curves as single quadratic ones and drops arcs: cuts cubic
+/// curves into parts that survive this, and arcs into cubic curves. Everything else passes unchanged.
 class refined_sink final : public ID2D1GeometrySink {
 public:
     explicit refined_sink(owned<ID2D1GeometrySink> original) noexcept : original_(std::move(original)) {}
@@ -43,4 +43,4 @@ private:
     std::atomic<ULONG> references_{1};
 };
 
-} // namespace completion
+}  // namespace completion

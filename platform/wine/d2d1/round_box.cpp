@@ -70,7 +70,8 @@ private:
     }
 
     [[nodiscard]] cubic transformed(const cubic& curve) const noexcept {
-        return {world_.apply(curve.p0), world_.apply(curve.p1), world_.apply(curve.p2), world_.apply(curve.p3)};
+        return {world_.apply(curve.p0), world_.apply(curve.p1), world_.apply(curve.p2),
+                world_.apply(curve.p3)};
     }
 
     point start_;
@@ -90,7 +91,7 @@ extent around(point centre, std::initializer_list<reach> reaches) noexcept {
     return result;
 }
 
-} // namespace
+}  // namespace
 
 round_box::round_box(const D2D1_RECT_F& rectangle) noexcept
     : centre{(double{rectangle.left} + rectangle.right) / 2, (double{rectangle.top} + rectangle.bottom) / 2},
@@ -98,8 +99,11 @@ round_box::round_box(const D2D1_RECT_F& rectangle) noexcept
       half_height(std::abs(double{rectangle.bottom} - rectangle.top) / 2) {}
 
 round_box::round_box(const D2D1_ELLIPSE& ellipse) noexcept
-    : centre(from(ellipse.point)), half_width(std::abs(double{ellipse.radiusX})),
-      half_height(std::abs(double{ellipse.radiusY})), radius_x(half_width), radius_y(half_height) {}
+    : centre(from(ellipse.point)),
+      half_width(std::abs(double{ellipse.radiusX})),
+      half_height(std::abs(double{ellipse.radiusY})),
+      radius_x(half_width),
+      radius_y(half_height) {}
 
 round_box::round_box(const D2D1_ROUNDED_RECT& rounded) noexcept : round_box(rounded.rect) {
     radius_x = std::min(std::abs(double{rounded.radiusX}), half_width);
@@ -119,9 +123,9 @@ extent round_box::stroke_bounds(double half_stroke, D2D1_LINE_JOIN join, double 
     const point middle = world.apply(centre);
     const reach box = of_box(half_width, half_height, world);
     if (!has_corners()) {
-        return around(middle, {of_box(half_width - radius_x, half_height - radius_y, world),
-                               of_ellipse(radius_x, radius_y, world),
-                               of_ellipse(half_stroke, half_stroke, world)});
+        return around(middle,
+                      {of_box(half_width - radius_x, half_height - radius_y, world),
+                       of_ellipse(radius_x, radius_y, world), of_ellipse(half_stroke, half_stroke, world)});
     }
     if (join == D2D1_LINE_JOIN_ROUND) {
         return around(middle, {box, of_ellipse(half_stroke, half_stroke, world)});
@@ -129,7 +133,8 @@ extent round_box::stroke_bounds(double half_stroke, D2D1_LINE_JOIN join, double 
     if (join != D2D1_LINE_JOIN_BEVEL && miter_limit >= std::numbers::sqrt2) {
         return around(middle, {of_box(half_width + half_stroke, half_height + half_stroke, world)});
     }
-    // A cut corner lies between both edges moved outward; a mitre that is cut at its limit keeps more than a bevel.
+    // A cut corner lies between both edges moved outward; a mitre that is cut at its limit keeps more than a
+    // bevel.
     const double cut = join == D2D1_LINE_JOIN_MITER
                            ? half_stroke * std::max(0.0, std::numbers::sqrt2 * std::max(miter_limit, 1.0) - 1)
                            : 0;
@@ -164,4 +169,4 @@ void round_box::write(D2D1_GEOMETRY_SIMPLIFICATION_OPTION option, const affine& 
     sink->EndFigure(D2D1_FIGURE_END_CLOSED);
 }
 
-} // namespace completion
+}  // namespace completion

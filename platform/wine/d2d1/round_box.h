@@ -4,7 +4,8 @@
 
 namespace completion {
 
-/// A rectangle with elliptic corners, from the plain rectangle to the ellipse: the one closed form for the three.
+/// A rectangle with elliptic corners, from the plain rectangle to the ellipse: the one closed form for the
+/// three.
 struct round_box {
     point centre;
     double half_width = 0;
@@ -28,4 +29,4 @@ struct round_box {
                ID2D1SimplifiedGeometrySink* sink) const;
 };
 
-} // namespace completion
+}  // namespace completion

@@ -29,20 +29,20 @@ outline without_overlaps(const outline& shape) {
 
 planar_overlay::selection selection_of(D2D1_COMBINE_MODE mode) {
     switch (mode) {
-    case D2D1_COMBINE_MODE_UNION:
-        return [](bool a, bool b) { return a || b; };
-    case D2D1_COMBINE_MODE_INTERSECT:
-        return [](bool a, bool b) { return a && b; };
-    case D2D1_COMBINE_MODE_XOR:
-        return [](bool a, bool b) { return a != b; };
-    case D2D1_COMBINE_MODE_EXCLUDE:
-        return [](bool a, bool b) { return a && !b; };
-    default:
-        return {};
+        case D2D1_COMBINE_MODE_UNION:
+            return [](bool a, bool b) { return a || b; };
+        case D2D1_COMBINE_MODE_INTERSECT:
+            return [](bool a, bool b) { return a && b; };
+        case D2D1_COMBINE_MODE_XOR:
+            return [](bool a, bool b) { return a != b; };
+        case D2D1_COMBINE_MODE_EXCLUDE:
+            return [](bool a, bool b) { return a && !b; };
+        default:
+            return {};
     }
 }
 
-} // namespace
+}  // namespace
 
 HRESULT combine(ID2D1Geometry* self, ID2D1Geometry* input, D2D1_COMBINE_MODE mode,
                 const D2D1_MATRIX_3X2_F* transform, float tolerance, ID2D1SimplifiedGeometrySink* sink) {
@@ -63,8 +63,8 @@ HRESULT combine(ID2D1Geometry* self, ID2D1Geometry* input, D2D1_COMBINE_MODE mod
     return S_OK;
 }
 
-HRESULT compare(ID2D1Geometry* self, ID2D1Geometry* input, const D2D1_MATRIX_3X2_F* transform, float tolerance,
-                D2D1_GEOMETRY_RELATION* relation) {
+HRESULT compare(ID2D1Geometry* self, ID2D1Geometry* input, const D2D1_MATRIX_3X2_F* transform,
+                float tolerance, D2D1_GEOMETRY_RELATION* relation) {
     *relation = D2D1_GEOMETRY_RELATION_UNKNOWN;
     HRESULT outcome = S_OK;
     const outline first = outline_of(self, affine(), chord_tolerance(tolerance), outcome);
@@ -78,7 +78,9 @@ HRESULT compare(ID2D1Geometry* self, ID2D1Geometry* input, const D2D1_MATRIX_3X2
     const planar_overlay both(first, second);
     // Slivers that only come from chords don't count.
     const double sliver = usable_tolerance(tolerance) * usable_tolerance(tolerance);
-    const auto has = [&](const planar_overlay::selection& part) { return area_of(both.combined(part)) > sliver; };
+    const auto has = [&](const planar_overlay::selection& part) {
+        return area_of(both.combined(part)) > sliver;
+    };
     if (!has([](bool a, bool b) { return a && b; })) {
         *relation = D2D1_GEOMETRY_RELATION_DISJOINT;
     } else if (!has([](bool a, bool b) { return a && !b; })) {
@@ -108,4 +110,4 @@ HRESULT area(ID2D1Geometry* self, const D2D1_MATRIX_3X2_F* world, float toleranc
     return outcome;
 }
 
-} // namespace completion::geometry
+}  // namespace completion::geometry

@@ -16,7 +16,9 @@ public:
     }
 
 protected:
-    [[nodiscard]] std::span<const effect_property> properties() const noexcept override { return properties_; }
+    [[nodiscard]] std::span<const effect_property> properties() const noexcept override {
+        return properties_;
+    }
 
 private:
     float deviation_ = 3;
@@ -32,10 +34,10 @@ private:
 static_assert(D2D1_SHADOW_PROP_BLUR_STANDARD_DEVIATION == 0 && D2D1_SHADOW_PROP_COLOR == 1 &&
               D2D1_SHADOW_PROP_OPTIMIZATION == 2);
 
-} // namespace
+}  // namespace
 
 owned<ID2D1Effect> make_shadow_effect(owned<ID2D1Factory> factory) {
     return owned<ID2D1Effect>(new shadow_effect(std::move(factory)));
 }
 
-} // namespace completion
+}  // namespace completion

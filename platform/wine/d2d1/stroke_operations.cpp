@@ -10,7 +10,8 @@ namespace completion::geometry {
 
 namespace {
 
-/// Flattening in the geometry's own space that is finer than asked for, once the world is seen through `world`.
+/// Flattening in the geometry's own space that is finer than asked for, once the world is seen through
+/// `world`.
 double fine_tolerance(float tolerance, const affine& world) noexcept {
     const double scale = world.largest_scale();
     return usable_tolerance(tolerance) / 32 / (scale > 0 ? scale : 1);
@@ -60,10 +61,10 @@ figure as_figure(std::span<const point> polygon, const affine& world) {
     return result;
 }
 
-} // namespace
+}  // namespace
 
-HRESULT widened_bounds(ID2D1Geometry* self, float width, ID2D1StrokeStyle* style, const D2D1_MATRIX_3X2_F* world,
-                       float tolerance, D2D1_RECT_F* result) {
+HRESULT widened_bounds(ID2D1Geometry* self, float width, ID2D1StrokeStyle* style,
+                       const D2D1_MATRIX_3X2_F* world, float tolerance, D2D1_RECT_F* result) {
     const affine transform(world);
     const stroke_style drawn = read_style(style);
     const double stroke_width = std::abs(static_cast<double>(width));
@@ -118,10 +119,11 @@ HRESULT widen(ID2D1Geometry* self, float width, ID2D1StrokeStyle* style, const D
     outline pieces;
     pieces.fill_mode = D2D1_FILL_MODE_WINDING;
     const stroker pen(drawn, std::abs(static_cast<double>(width)), fine);
-    pen.stroke(shape,
-               [&](std::span<const point> polygon) { pieces.figures.push_back(as_figure(polygon, transform)); });
+    pen.stroke(shape, [&](std::span<const point> polygon) {
+        pieces.figures.push_back(as_figure(polygon, transform));
+    });
     write(planar_overlay(pieces, {}).combined([](bool in_stroke, bool) { return in_stroke; }), sink);
     return S_OK;
 }
 
-} // namespace completion::geometry
+}  // namespace completion::geometry

@@ -17,29 +17,29 @@ std::vector<double> dashes_of(ID2D1StrokeStyle* style) {
         return std::vector<double>(pattern.begin(), pattern.begin() + count);
     };
     switch (style->GetDashStyle()) {
-    case D2D1_DASH_STYLE_DASH:
-        return first(dash, 2);
-    case D2D1_DASH_STYLE_DOT:
-        return first(dot, 2);
-    case D2D1_DASH_STYLE_DASH_DOT:
-        return first(dash_dot_dot, 4);
-    case D2D1_DASH_STYLE_DASH_DOT_DOT:
-        return first(dash_dot_dot, 6);
-    case D2D1_DASH_STYLE_CUSTOM: {
-        std::vector<float> own(style->GetDashesCount());
-        style->GetDashes(own.data(), static_cast<UINT>(own.size()));
-        std::vector<double> dashes(own.begin(), own.end());
-        if (dashes.size() % 2 != 0) {
-            dashes.insert(dashes.end(), own.begin(), own.end());
+        case D2D1_DASH_STYLE_DASH:
+            return first(dash, 2);
+        case D2D1_DASH_STYLE_DOT:
+            return first(dot, 2);
+        case D2D1_DASH_STYLE_DASH_DOT:
+            return first(dash_dot_dot, 4);
+        case D2D1_DASH_STYLE_DASH_DOT_DOT:
+            return first(dash_dot_dot, 6);
+        case D2D1_DASH_STYLE_CUSTOM: {
+            std::vector<float> own(style->GetDashesCount());
+            style->GetDashes(own.data(), static_cast<UINT>(own.size()));
+            std::vector<double> dashes(own.begin(), own.end());
+            if (dashes.size() % 2 != 0) {
+                dashes.insert(dashes.end(), own.begin(), own.end());
+            }
+            return dashes;
         }
-        return dashes;
-    }
-    default:
-        return {};
+        default:
+            return {};
     }
 }
 
-} // namespace
+}  // namespace
 
 stroke_style read_style(ID2D1StrokeStyle* style) {
     stroke_style result;
@@ -56,4 +56,4 @@ stroke_style read_style(ID2D1StrokeStyle* style) {
     return result;
 }
 
-} // namespace completion
+}  // namespace completion

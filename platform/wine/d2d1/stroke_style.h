@@ -20,4 +20,4 @@ struct stroke_style {
 
 [[nodiscard]] stroke_style read_style(ID2D1StrokeStyle* style);
 
-} // namespace completion
+}  // namespace completion

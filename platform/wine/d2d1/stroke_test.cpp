@@ -85,8 +85,8 @@ class caps : public geometry_test, public testing::WithParamInterface<cap_case> 
 TEST_P(caps, end_an_open_line) {
     const auto line = lines({{0, 0}, {40, 0}}, D2D1_FIGURE_END_OPEN);
     const auto pen = style(GetParam().cap, mitered);
-    expect_near(widened_bounds_of(line.get(), 8, pen.get()), {-GetParam().reach, -4, 40 + GetParam().reach, 4},
-                0.02f);
+    expect_near(widened_bounds_of(line.get(), 8, pen.get()),
+                {-GetParam().reach, -4, 40 + GetParam().reach, 4}, 0.02f);
     for (const auto& [aside, reach] : {std::pair{0.0f, GetParam().reach}, {2.0f, GetParam().reach_aside}}) {
         EXPECT_TRUE(stroke_has(line.get(), {-reach + 0.1f, aside}, 8, pen.get()));
         EXPECT_FALSE(stroke_has(line.get(), {-reach - 0.1f, aside}, 8, pen.get()));
@@ -116,14 +116,17 @@ TEST_P(joins, fill_a_right_angle) {
     const auto pen = style(flat, GetParam().join, GetParam().miter_limit);
     const float half = 5;
     const float reach = GetParam().reach * half / std::numbers::sqrt2_v<float>;
-    for (ID2D1Geometry* shape : {static_cast<ID2D1Geometry*>(corner.get()), static_cast<ID2D1Geometry*>(box.get())}) {
+    for (ID2D1Geometry* shape :
+         {static_cast<ID2D1Geometry*>(corner.get()), static_cast<ID2D1Geometry*>(box.get())}) {
         EXPECT_TRUE(stroke_has(shape, {-reach + 0.1f, -reach + 0.1f}, 2 * half, pen.get()));
         EXPECT_FALSE(stroke_has(shape, {-reach - 0.1f, -reach - 0.1f}, 2 * half, pen.get()));
     }
     // Seen with the corner up, the bounds tell one join from another.
     const D2D1::Matrix3x2F turn = D2D1::Matrix3x2F::Rotation(45);
-    EXPECT_NEAR(widened_bounds_of(corner.get(), 2 * half, pen.get(), &turn).top, -GetParam().bounds * half, 0.02f);
-    EXPECT_NEAR(widened_bounds_of(box.get(), 2 * half, pen.get(), &turn).top, -GetParam().bounds * half, 0.02f);
+    EXPECT_NEAR(widened_bounds_of(corner.get(), 2 * half, pen.get(), &turn).top, -GetParam().bounds * half,
+                0.02f);
+    EXPECT_NEAR(widened_bounds_of(box.get(), 2 * half, pen.get(), &turn).top, -GetParam().bounds * half,
+                0.02f);
 }
 
 constexpr float root = std::numbers::sqrt2_v<float>;
@@ -131,7 +134,8 @@ constexpr float root = std::numbers::sqrt2_v<float>;
 INSTANTIATE_TEST_SUITE_P(kinds, joins,
                          testing::Values(join_case{mitered, 10, root, root},
                                          join_case{miter_or_bevel, 10, root, root},
-                                         join_case{bevel, 10, 1 / root, 1 / root}, join_case{round_join, 10, 1, 1},
+                                         join_case{bevel, 10, 1 / root, 1 / root},
+                                         join_case{round_join, 10, 1, 1},
                                          join_case{miter_or_bevel, 1.3f, 1 / root, 1 / root},
                                          join_case{mitered, 1.2f, 1.2f, 1.2f}));
 
@@ -198,6 +202,6 @@ TEST_F(strokes, can_be_widened_into_a_fill_of_the_same_area) {
     EXPECT_NEAR(ring.signed_area(), std::numbers::pi * (22 * 22 - 18 * 18), 1);
 }
 
-} // namespace
+}  // namespace
 
-} // namespace completion::test
+}  // namespace completion::test

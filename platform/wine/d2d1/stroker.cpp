@@ -11,7 +11,7 @@ point unit(point p) noexcept {
     return p * (1 / length(p));
 }
 
-} // namespace
+}  // namespace
 
 void stroker::stroke(const outline& shape, const receiver& receive) const {
     for (const figure& each : shape.figures) {
@@ -92,17 +92,17 @@ void stroker::cap(point at, point outward, D2D1_CAP_STYLE style, const receiver&
     const point ahead = outward * half_;
     const point aside = turned(ahead);
     switch (style) {
-    case D2D1_CAP_STYLE_SQUARE:
-        receive(std::array{at + aside, at + aside + ahead, at - aside + ahead, at - aside});
-        break;
-    case D2D1_CAP_STYLE_TRIANGLE:
-        receive(std::array{at + aside, at + ahead, at - aside});
-        break;
-    case D2D1_CAP_STYLE_ROUND:
-        fan(at, aside, aside * -1, ahead, receive);
-        break;
-    default:
-        break;
+        case D2D1_CAP_STYLE_SQUARE:
+            receive(std::array{at + aside, at + aside + ahead, at - aside + ahead, at - aside});
+            break;
+        case D2D1_CAP_STYLE_TRIANGLE:
+            receive(std::array{at + aside, at + ahead, at - aside});
+            break;
+        case D2D1_CAP_STYLE_ROUND:
+            fan(at, aside, aside * -1, ahead, receive);
+            break;
+        default:
+            break;
     }
 }
 
@@ -121,4 +121,4 @@ void stroker::fan(point centre, point from, point to, point beyond, const receiv
     receive(polygon);
 }
 
-} // namespace completion
+}  // namespace completion

@@ -7,7 +7,8 @@
 
 namespace completion {
 
-/// Takes a stroke apart into convex polygons whose union it is: the bodies of the segments, the joins, the caps.
+/// Takes a stroke apart into convex polygons whose union it is: the bodies of the segments, the joins, the
+/// caps.
 class stroker {
 public:
     using receiver = std::function<void(std::span<const point> polygon)>;
@@ -33,4 +34,4 @@ private:
     double tolerance_;
 };
 
-} // namespace completion
+}  // namespace completion
