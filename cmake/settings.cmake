@@ -19,7 +19,7 @@ endif()
 # headers compile without any of these (see the verification of header sets).
 add_library(mossharbour_windows INTERFACE)
 target_compile_definitions(mossharbour_windows INTERFACE
-    UNICODE _UNICODE NOMINMAX WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN WINVER=0x0A00 _WIN32_WINNT=0x0A00)
 if(MSVC)
     target_compile_definitions(mossharbour_windows INTERFACE _CRT_SECURE_NO_WARNINGS)
     target_compile_options(mossharbour_windows INTERFACE
