@@ -113,17 +113,13 @@ public:
 
     // What the scene's modules ask of a node.
 
-    [[nodiscard]] extent content_extent() const noexcept {
-        return {(content_flags & has_content) != 0, content_bounds};
-    }
+    [[nodiscard]] extent content_extent() const noexcept { return extent_if(has_content, content_bounds); }
     [[nodiscard]] extent subtree_extent() const noexcept {
-        return {(content_flags & has_subtree_bounds) != 0, subtree_bounds};
+        return extent_if(has_subtree_bounds, subtree_bounds);
     }
-    [[nodiscard]] extent hit_extent() const noexcept {
-        return {(content_flags & has_hit_bounds) != 0, hit_bounds};
-    }
+    [[nodiscard]] extent hit_extent() const noexcept { return extent_if(has_hit_bounds, hit_bounds); }
     [[nodiscard]] extent subtree_hit_extent() const noexcept {
-        return {(content_flags & has_subtree_hit_bounds) != 0, subtree_hit_bounds};
+        return extent_if(has_subtree_hit_bounds, subtree_hit_bounds);
     }
     [[nodiscard]] bool in_view_with_target() const noexcept;
     /// Holds a transform animation or has one below it.
@@ -178,6 +174,9 @@ public:
     unsigned animated_children = 0;  // children with one of `animated_bits`
 
 private:
+    [[nodiscard]] extent extent_if(std::uint8_t flag, const D2D_RECT_F& rect) const noexcept {
+        return content_flags & flag ? extent{true, rect} : extent{};
+    }
     void reset() noexcept;
     void replace_visuals(const command_list& new_background, const command_list& new_foreground);
 

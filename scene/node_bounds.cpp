@@ -64,9 +64,13 @@ void store_hits(node& at, const extent& total) noexcept {
 /// Tells the bounds handlers of a node. They may change the tree, or throw: what lies on the way up asks all
 /// its children next time.
 void tell_bounds_handlers(node& at) {
-    if (at.bounds_handlers.empty()) return;
     for (node* above = &at; above; above = above->parent) above->recompute = true;
     at.bounds_handlers.call(at.subtree_extent());
+}
+
+/// A reference for the time that the handlers of a node run in, which may take it from its tree.
+com::ptr<node> kept_for_handlers(node& at) {
+    return at.bounds_handlers.empty() ? nullptr : &at;
 }
 
 void recount_animated(node& at) noexcept {
@@ -77,7 +81,7 @@ void recount_animated(node& at) noexcept {
 node_change take_in(node& at, const node_change& change) {
     const bool is_shown_root = !at.parent && at.view;
     const bool animated = (at.content_flags & node::animated_bits) != 0;
-    const contribution before = contribution_of(at);
+    contribution before = contribution_of(at);
     bool ask_all = at.recompute;
 
     if (ask_all) recount_animated(at);
@@ -88,6 +92,8 @@ node_change take_in(node& at, const node_change& change) {
     if (changed && !at.bounds_handlers.empty()) {
         tell_bounds_handlers(at);
         ask_all = true;
+        // The parent asks all, or a handler's own change has brought it up to date with this.
+        before = contribution_of(at);
     }
     store_hits(at, next_hits(at, change.hit, ask_all));
     at.recompute = false;
@@ -101,6 +107,7 @@ node_change take_in(node& at, const node_change& change) {
 void climb(node& start, node_change change) {
     node* at = &start;
     for (;;) {
+        const com::ptr<node> keep = kept_for_handlers(*at);
         change = take_in(*at, change);
         node* const above = at->parent;
         if (!above) return;
@@ -146,8 +153,10 @@ void propagate_transform_change(node& child, contribution before) {
     bool bounds_change = true;
     bool hit_change = true;
     contribution after = contribution_of(child);
+    com::ptr<node> keep;  // lives until the next one is known
     for (node* at = child.parent; at && (bounds_change || hit_change); at = at->parent) {
-        const contribution at_before = contribution_of(*at);
+        keep = kept_for_handlers(*at);
+        contribution at_before = contribution_of(*at);
         const bool whole = bounds_change && hit_change;
         bool ask_all = at->recompute;
         if (bounds_change) {
@@ -155,8 +164,11 @@ void propagate_transform_change(node& child, contribution before) {
             bounds_change = !same_edges(total.rect, at->subtree_bounds);
             if (bounds_change) {
                 at->subtree_bounds = total.rect;
-                ask_all = ask_all || !at->bounds_handlers.empty();
-                tell_bounds_handlers(*at);
+                if (!at->bounds_handlers.empty()) {
+                    tell_bounds_handlers(*at);
+                    ask_all = true;
+                    at_before = contribution_of(*at);
+                }
             }
         }
         if (hit_change) {

@@ -46,9 +46,10 @@ void node::add_child(com::ptr<INode> child) {
     if (added->view || added->parent || added->is_above(*this)) throw std::logic_error("unexpected");
     children.push_back(added);
     added->parent = this;
-    propagate_child_added(*this, *added);
     if (added->counts_as_animated()) count_animation(this, 1);
-    if (view) view->enter(*added);
+    propagate_child_added(*this, *added);
+    // Handlers that heard of the bounds may have taken the child away again.
+    if (view && added->parent == this && !added->view) view->enter(*added);
 }
 
 bool node::remove_child(com::ptr<INode> child) {
@@ -58,7 +59,6 @@ bool node::remove_child(com::ptr<INode> child) {
     if (std::find(children.begin(), children.end(), removed) == children.end()) {
         throw std::logic_error("not a child");
     }
-    if (removed->counts_as_animated()) count_animation(this, -1);
     view::removal shown;
     if (view) shown = view::leave(*removed);
     // Looked for again: handlers that heard of the leaving may have changed the list.
@@ -66,6 +66,7 @@ bool node::remove_child(com::ptr<INode> child) {
     if (place != children.end()) {
         removed->parent = nullptr;
         children.erase(place);
+        if (removed->counts_as_animated()) count_animation(this, -1);
         propagate_child_removed(*this, *removed);
     }
     view::repair(shown);
@@ -102,6 +103,7 @@ void node::reset() noexcept {
     clip_flags = 0;
     transform = inverse = identity_matrix;
     content_flags = 0;
+    hit_bounds = subtree_hit_bounds = content_bounds = subtree_bounds = {};
     hit_mode = hit_by_content;
     transform_animation.reset();
     animated_nodes = 0;

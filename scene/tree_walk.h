@@ -13,15 +13,19 @@ inline constexpr std::size_t maximal_depth = 32;
 
 /// Walks a subtree, children in drawing order. `enter(node&)` is called ahead of a node's children and tells
 /// whether they are visited; `leave(node&)` is called behind them, or behind `enter` when they are not.
-template <class Enter, class Leave>
+///
+/// Where the two run clients' functions, `Held` is a `com::ptr`: nodes that are taken from the tree meanwhile
+/// live until the walk has left them.
+template <class Held = node*, class Enter, class Leave>
 void walk_tree(node& top, Enter&& enter, Leave&& leave) {
     struct level {
-        node* at;
+        Held at;
         std::size_t next_child;
     };
     std::array<level, maximal_depth> levels;
     std::size_t depth = 0;
     const auto visit = [&](node& at) {
+        [[maybe_unused]] const Held held = &at;
         if (!enter(at) || at.children.empty()) return leave(at);
         assert(depth < maximal_depth);
         levels[depth++] = {&at, 0};
@@ -34,6 +38,7 @@ void walk_tree(node& top, Enter&& enter, Leave&& leave) {
         } else {
             --depth;
             leave(*current.at);
+            current.at = nullptr;
         }
     }
 }
@@ -50,10 +55,10 @@ void walk_parents_first(node& top, Function&& function) {
         [](node&) {});
 }
 
-/// Calls `function(node&)` for the nodes of a subtree, children first.
+/// Calls `function(node&)` for the nodes of a subtree, children first. It may run clients' functions.
 template <class Function>
 void walk_children_first(node& top, Function&& function) {
-    walk_tree(
+    walk_tree<com::ptr<node>>(
         top, [](node&) { return true; }, function);
 }
 

@@ -17,25 +17,22 @@ public:
     explicit animation_step(double now) noexcept : time(now) {}
 
     extent run(node& root) {
-        walk_tree(
-            root, [this](node& at) { return enter(at); }, [this](node& at) { leave(at); });
+        walk_tree<com::ptr<node>>(
+            root, [this](node& at) { return enter(at); }, [this](node&) { leave(); });
         return dirty;
     }
 
 private:
     bool enter(node& at) {
-        if (at.transform_animation) at.set_transform(at.transform_animation->get_value(time));
-        if (at.clip_flags & node::has_transform) {
-            saved[depth++] = matrix;
-            matrix = multiply(at.transform, matrix);
-        }
+        saved[depth++] = matrix;
+        if (const auto animation = at.transform_animation) at.set_transform(animation->get_value(time));
+        if (at.clip_flags & node::has_transform) matrix = multiply(at.transform, matrix);
         if (at.content_flags & node::content_animated) dirty.add(map_rect(at.content_bounds, matrix));
         return (at.content_flags & node::children_animated) || at.animated_nodes >= 1;
     }
 
-    void leave(node& at) noexcept {
-        if (at.clip_flags & node::has_transform) matrix = saved[--depth];
-    }
+    // Whatever has become of the node's transform: handlers may have changed it.
+    void leave() noexcept { matrix = saved[--depth]; }
 
     double time;
     extent dirty;

@@ -41,6 +41,7 @@ void view::forget(node& leaving) {
         const com::ptr<node> former = std::exchange(focus_node, nullptr);
         if (former->focus_handler) former->focus_handler(former.get(), nullptr);
     }
+    if (leaving.view != this) return;  // a handler has taken it out already
     if (render_target) leaving.release_recording();
     leaving.view = nullptr;
 }
@@ -69,7 +70,7 @@ void view::invalidate(const node& changed, bool with_children) {
 
 bool view::needs_clock() const noexcept {
     if (!root) return false;
-    return !animated_bindings.empty() || root->animated_nodes >= 1 ||
+    return !animated_bindings.empty() || root->counts_as_animated() ||
            (root->content_flags & node::animated_bits) != 0;
 }
 

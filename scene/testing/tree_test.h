@@ -1,0 +1,113 @@
+#pragma once
+
+#include "com/object.h"
+#include "d2d/scene/IAnimation.h"
+#include "scene/testing/fake_geometry.h"
+#include "scene/testing/scene_test.h"
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace d2d::scene::fakes {
+
+/// An animation whose value a test chooses.
+class test_animation : public com::base_object<com::object_base, IValueAnimation<D2D_MATRIX_3X2_F>> {
+public:
+    using function = std::function<D2D_MATRIX_3X2_F(double time)>;
+
+    explicit test_animation(function of_time) : value(std::move(of_time)) {}
+
+    bool is_stepped() override { return false; }
+    double next_update(double) override { return 0.05; }
+    D2D_MATRIX_3X2_F get_value(double time) override { return value(time); }
+
+protected:
+    ~test_animation() = default;
+
+private:
+    function value;
+};
+
+/// A fixture for trees of nodes: the process's graphics objects are made once, and recordings are rectangles
+/// of exactly the wanted bounds.
+class tree_test : public scene_test {
+protected:
+    static void SetUpTestSuite() { kept_graphics() = std::make_unique<factory>(); }
+    static void TearDownTestSuite() { kept_graphics().reset(); }
+
+    void TearDown() override {
+        scene_test::TearDown();
+        for (const auto& used : geometries) EXPECT_EQ(0u, used.references());
+    }
+
+    /// Records one filled shape, which covers `rect` whatever the order of its edges.
+    void record(INode* node, const D2D_RECT_F& rect, bool animated = false) {
+        const auto context = node->draw(false);
+        const auto brush = com::create_object<test_brush>(red, "brush", animated);
+        context->fill_geometry(geometry(rect), brush.get());
+        context->commit();
+    }
+    void record(const com::ptr<INode>& node, const D2D_RECT_F& rect, bool animated = false) {
+        record(node.get(), rect, animated);
+    }
+    static void erase(const com::ptr<INode>& node) { node->draw(false)->commit(); }
+
+    /// A node with a recording, below a parent or free.
+    com::ptr<INode> filled(const D2D_RECT_F& rect, const com::ptr<INode>& parent = nullptr) {
+        const auto made = create_node();
+        record(made, rect);
+        if (parent) parent->add_child(made);
+        return made;
+    }
+    static com::ptr<INode> empty_below(const com::ptr<INode>& parent) {
+        auto made = create_node();
+        parent->add_child(made);
+        return made;
+    }
+
+    /// A shape that no other has; lives until the end of the test.
+    fake_geometry* geometry(const D2D_RECT_F& bounds) {
+        for (; reusable < geometries.size(); ++reusable) {
+            if (geometries[reusable].references() > 0) continue;
+            geometries[reusable].bounds = geometries[reusable].widened_bounds = bounds;
+            return &geometries[reusable++];
+        }
+        if (geometries.size() > 1000) reusable = 0;
+        return &geometries.emplace_back(bounds);
+    }
+
+    [[nodiscard]] lines calls() { return site.take_calls(); }
+
+    static com::ptr<test_animation> still() {
+        return com::create_object<test_animation>([](double) { return identity_matrix; });
+    }
+
+private:
+    static std::unique_ptr<factory>& kept_graphics() {
+        static std::unique_ptr<factory> kept;
+        return kept;
+    }
+
+    std::deque<fake_geometry> geometries;
+    std::size_t reusable = 0;
+};
+
+/// Tells whether two rectangles have the same edges, in words that name both.
+[[nodiscard]] inline testing::AssertionResult same(const D2D_RECT_F& expected, const D2D_RECT_F& actual) {
+    if (expected.left == actual.left && expected.top == actual.top && expected.right == actual.right &&
+        expected.bottom == actual.bottom)
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "expected (" << call_text(expected) << "), is ("
+                                       << call_text(actual) << ")";
+}
+
+[[nodiscard]] inline testing::AssertionResult same(const D2D_MATRIX_3X2_F& expected,
+                                                   const D2D_MATRIX_3X2_F& actual) {
+    if (call_text(expected) == call_text(actual)) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "expected (" << call_text(expected) << "), is ("
+                                       << call_text(actual) << ")";
+}
+
+}  // namespace d2d::scene::fakes
