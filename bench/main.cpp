@@ -1,13 +1,17 @@
 // Prints a line per workload: name, nanoseconds per operation, operations per repetition. Each figure is the
 // minimum of five repetitions. Judge them by their ratio to `refcount` in the same run: machines are noisy.
+//
+//     bench [NAME...]     only the workloads with these names
 
+#include "measure.h"
 #include "workloads.h"
 
 #include <cstdio>
 #include <exception>
 
-int main() {
+int main(int count, char** arguments) {
     try {
+        bench::select({arguments + 1, arguments + count});
         bench::run_memory_workload();  // first: while the heap has no gaps to fill
         bench::run_object_workloads();
         bench::run_scene_workloads();

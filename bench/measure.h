@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdio>
 #include <limits>
+#include <span>
+#include <string_view>
 
 namespace bench {
 
@@ -36,6 +38,10 @@ private:
     double best = std::numeric_limits<double>::infinity();
 };
 
+/// Chooses the workloads that run; all of them when there are no names.
+void select(std::span<char*> names);
+[[nodiscard]] bool selected(std::string_view name);
+
 /// A line of the table: name, nanoseconds per operation, how many operations a repetition had.
 inline void report(const char* name, double nanoseconds, std::size_t operations) {
     std::printf("%s\t%.2f\t%zu\n", name, nanoseconds / static_cast<double>(operations), operations);
@@ -45,6 +51,7 @@ inline void report(const char* name, double nanoseconds, std::size_t operations)
 /// Measures `work()`, which does `operations` operations.
 template <class Work>
 void measure(const char* name, std::size_t operations, Work&& work) {
+    if (!selected(name)) return;
     stopwatch watch;
     for (int i = 0; i < stopwatch::repetitions; ++i) watch.run_once(work);
     report(name, watch.nanoseconds(), operations);

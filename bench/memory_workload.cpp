@@ -1,3 +1,4 @@
+#include "measure.h"
 #include "scene_fixture.h"
 #include "workloads.h"
 
@@ -23,6 +24,7 @@ std::size_t private_bytes() {
 }  // namespace
 
 void run_memory_workload() {
+    if (!selected("bytes_per_node")) return;
     constexpr std::size_t count = 100'000;
     scene_fixture fixture;
     const std::size_t before = private_bytes();

@@ -10,6 +10,7 @@ namespace {
 constexpr std::size_t leaf_count = 10'000;
 
 void run_build(scene_fixture& fixture) {
+    if (!selected("build") && !selected("destroy")) return;
     stopwatch build;
     stopwatch destroy;
     for (int i = 0; i < stopwatch::repetitions; ++i) {
@@ -28,6 +29,7 @@ void run_build(scene_fixture& fixture) {
 /// One parent with `count` children, in the view ahead of them; several parents where they are small, so that
 /// a repetition lasts long enough to be measured.
 void run_build_flat(scene_fixture& fixture, const char* name, std::size_t count) {
+    if (!selected(name)) return;
     const std::size_t parents = leaf_count / count;
     stopwatch watch;
     for (int i = 0; i < stopwatch::repetitions; ++i) {
@@ -48,6 +50,7 @@ void run_build_flat(scene_fixture& fixture, const char* name, std::size_t count)
 
 /// Leaves at random inside the edges of their parent, moved by a pixel to and fro.
 void run_move(scene_fixture& fixture, const char* name, std::size_t count) {
+    if (!selected(name)) return;
     constexpr std::size_t moves = 200'000;
     const leaf_list list = make_leaf_list(fixture, count);
     fixture.show(list.parent);
@@ -67,6 +70,7 @@ void run_move(scene_fixture& fixture, const char* name, std::size_t count) {
 }
 
 void run_move_group(scene_fixture& fixture) {
+    if (!selected("move_group")) return;
     constexpr std::size_t moves = 200'000;
     const auto root = d2d::scene::create_node();
     std::vector<com::ptr<d2d::scene::INode>> groups;
@@ -87,6 +91,7 @@ void run_move_group(scene_fixture& fixture) {
 }
 
 void run_rerecord(scene_fixture& fixture) {
+    if (!selected("rerecord")) return;
     constexpr std::size_t recordings = 200'000;
     const leaf_list list = make_leaf_list(fixture, leaf_count);
     fixture.show(list.parent);
@@ -97,6 +102,7 @@ void run_rerecord(scene_fixture& fixture) {
 }
 
 void run_paint(scene_fixture::target_kind kind, const char* name, std::size_t paints) {
+    if (!selected(name)) return;
     scene_fixture fixture(kind);
     fixture.show(fixture.make_groups());
     measure(name, paints * leaf_count, [&] {

@@ -3,6 +3,7 @@
 #include "com/ptr.h"
 #include "d2d/scene/IVisual.h"
 #include "scene/resource.h"
+#include "scene/small_blocks.h"
 
 #include <variant>
 #include <vector>
@@ -56,10 +57,12 @@ struct visual_command {
 using command = std::variant<bitmap_command, stroke_command, fill_command, text_command, visual_command>;
 static_assert(sizeof(void*) != 4 || sizeof(command) == 52, "a list of commands is one compact block");
 
-using command_list = std::vector<command>;
+using command_list = std::vector<command, small_block_allocator<command>>;
 
 /// Fills the binding of a command; a visual is told to bind itself.
 void bind_command(command& recorded, view& shown_in);
+/// Fills the binding of a command, or clears it for null; a visual is left alone.
+void bind_resource(command& recorded, view* shown_in);
 /// Clears it; a visual is told to let go.
 void release_command(command& recorded, view& shown_in);
 /// Brings what is animated in a command to the frame's time.

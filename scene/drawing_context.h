@@ -5,6 +5,8 @@
 #include "scene/command.h"
 #include "scene/extent.h"
 
+#include <cstdint>
+
 namespace d2d::scene {
 
 class node;
@@ -22,11 +24,12 @@ public:
     void draw_visual(IVisual* visual) override;
 
 protected:
-    /// `shown_in` is the view whose device objects the commands are bound to at once, or null.
-    explicit drawing_context(view* shown_in) noexcept : bound_in(shown_in) {}
+    drawing_context() = default;
     ~drawing_context() = default;
 
-    view* bound_in;
+    /// The view that commands are bound to at once, or null.
+    [[nodiscard]] virtual view* binding_view() const noexcept = 0;
+
     bool animated = false;
     bool use_background = true;
     D2D_RECT_F bounds{};
@@ -38,7 +41,7 @@ private:
 };
 
 /// The recording that `node::draw` begins.
-class node_drawing_context : public drawing_context {
+class node_drawing_context : public drawing_context, public in_small_blocks {
 public:
     node_drawing_context(node& recorded, bool on_release);
 
@@ -48,9 +51,14 @@ public:
 protected:
     ~node_drawing_context();
 
+    [[nodiscard]] view* binding_view() const noexcept override;
+
 private:
     bool commit_on_release;
     com::ptr<node> target;
+    // The attachment of a render target that commands are bound to; see `view::target_id`. The target may go
+    // while the recording is open: it is bound anew at the commit then.
+    std::uint64_t bound_to;
 };
 
 }  // namespace d2d::scene

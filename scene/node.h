@@ -39,7 +39,8 @@ namespace d2d::scene {
 /// The modules of the scene (tree, bounds, recording, painting, hit test, input routing) share the fields
 /// below; each field is changed in one of them alone.
 class node : public com::base_object<com::object_base, INode, com::IObjectInternal<node>, IVisual::ISite,
-                                     IServiceProvider> {
+                                     IServiceProvider>,
+             public in_small_blocks {
 public:
     using commands = command_list;
 
@@ -122,6 +123,8 @@ public:
         return extent_if(has_subtree_hit_bounds, subtree_hit_bounds);
     }
     [[nodiscard]] bool in_view_with_target() const noexcept;
+    /// The attachment of a target to the view that shows this node, or 0; see `view::target_id`.
+    [[nodiscard]] std::uint64_t target_id() const noexcept;
     /// Holds a transform animation or has one below it.
     [[nodiscard]] bool counts_as_animated() const noexcept {
         return transform_animation || animated_nodes > 0;
@@ -130,9 +133,9 @@ public:
     /// `other` is this node or below it.
     [[nodiscard]] bool is_above(const node& other) const noexcept;
 
-    /// Replaces the recording by that of a context.
+    /// Replaces the recording by that of a context, whose commands are bound to the attachment `bound_to`.
     void install_recording(command_list&& new_background, command_list&& new_foreground,
-                           const D2D_RECT_F& bounds, bool animated, view* bound_in);
+                           const D2D_RECT_F& bounds, bool animated, std::uint64_t bound_to);
     /// Fills the bindings of the recording for the view's present target.
     void bind_recording();
     /// Clears them.
@@ -142,36 +145,37 @@ protected:
     ~node();
 
 public:
+    // What a walk or a move touches comes first, together.
     scene::view* view = nullptr;  // borrowed; set on every node of a tree that a view shows
-    int user_value = 0;
-    com::ptr<IUnknown> user_object;
+    node* parent = nullptr;       // borrowed: a parent owns its children
+    D2D_MATRIX_3X2_F transform = identity_matrix;
+    D2D_MATRIX_3X2_F inverse = identity_matrix;
+    int hit_mode = hit_by_content;
     std::uint8_t clip_flags = 0;
     std::uint8_t content_flags = 0;
     bool recompute = false;           // ask all children when a change next climbs past here
     bool animated_in_parent = false;  // counted in the `animated_children` of the parent
-    int hit_mode = hit_by_content;
-    node* parent = nullptr;                // borrowed: a parent owns its children
+    D2D_RECT_F subtree_bounds{};
+    D2D_RECT_F subtree_hit_bounds{};
+    D2D_RECT_F content_bounds{};
+    D2D_RECT_F hit_bounds{};
     std::vector<com::ptr<node>> children;  // in drawing order
+    command_list background;
+    command_list foreground;
+    com::ptr<resource<IMaterializedEffect>> effect;
+    binding_ptr<IMaterializedEffect> effect_binding;
+    bounds_handler_list bounds_handlers;
+    com::ptr<IValueAnimation<D2D_MATRIX_3X2_F>> transform_animation;
+    int animated_nodes = 0;          // chains of descendants with a transform animation
+    unsigned animated_children = 0;  // children with one of `animated_bits`
+    D2D_RECT_F clip_rect{};
+    com::ptr<ID2D1Geometry> clip_geometry;
     handler_list handlers;
     key_function key_handler;
     char_function char_handler;
     focus_function focus_handler;
-    D2D_RECT_F clip_rect{};
-    com::ptr<ID2D1Geometry> clip_geometry;
-    D2D_RECT_F hit_bounds{};
-    D2D_RECT_F subtree_hit_bounds{};
-    D2D_RECT_F content_bounds{};
-    D2D_RECT_F subtree_bounds{};
-    bounds_handler_list bounds_handlers;
-    command_list foreground;
-    command_list background;
-    com::ptr<resource<IMaterializedEffect>> effect;
-    binding_ptr<IMaterializedEffect> effect_binding;
-    D2D_MATRIX_3X2_F transform = identity_matrix;
-    D2D_MATRIX_3X2_F inverse = identity_matrix;
-    com::ptr<IValueAnimation<D2D_MATRIX_3X2_F>> transform_animation;
-    int animated_nodes = 0;          // chains of descendants with a transform animation
-    unsigned animated_children = 0;  // children with one of `animated_bits`
+    int user_value = 0;
+    com::ptr<IUnknown> user_object;
 
 private:
     [[nodiscard]] extent extent_if(std::uint8_t flag, const D2D_RECT_F& rect) const noexcept {

@@ -77,31 +77,49 @@ void recount_animated(node& at) noexcept {
     for (const auto& child : at.children) count_animated(at, *child);
 }
 
-/// Takes a change of one part of `at` into it. Returns how `at` has changed as a part of its parent.
-node_change take_in(node& at, const node_change& change) {
-    const bool is_shown_root = !at.parent && at.view;
-    const bool animated = (at.content_flags & node::animated_bits) != 0;
-    contribution before = contribution_of(at);
-    bool ask_all = at.recompute;
+/// How `at` has changed as a part of its parent since it covered `before`. Only what differs is mapped.
+node_change change_since(const reach& before, const node& at) noexcept {
+    const reach after = reach_of(at);
+    node_change change;
+    if (differs(before.bounds, after.bounds)) {
+        change.bounds = {before.bounds.mapped(at.transform), after.bounds.mapped(at.transform)};
+    }
+    if (differs(before.hit, after.hit)) {
+        change.hit = {before.hit.mapped(at.transform), after.hit.mapped(at.transform)};
+    }
+    return change;
+}
 
-    if (ask_all) recount_animated(at);
+/// Takes a change of one part of `at` into its rectangles, and tells its bounds handlers. Returns how `at`
+/// has changed as a part of its parent.
+node_change take_in_rectangles(node& at, const node_change& change) {
+    reach before = reach_of(at);
+    bool ask_all = at.recompute;
     const extent total = next_bounds(at, change.bounds);
-    const bool changed = differs(total, at.subtree_extent());
-    set_flag(at, node::children_animated, at.animated_children > 0);
     store_bounds(at, total);
-    if (changed && !at.bounds_handlers.empty()) {
+    if (!at.bounds_handlers.empty() && differs(total, before.bounds)) {
         tell_bounds_handlers(at);
         ask_all = true;
         // The parent asks all, or a handler's own change has brought it up to date with this.
-        before = contribution_of(at);
+        before = reach_of(at);
     }
     store_hits(at, next_hits(at, change.hit, ask_all));
     at.recompute = false;
+    return change_since(before, at);
+}
 
+/// Takes a change of one part of `at` into it.
+node_change take_in(node& at, const node_change& change) {
+    const bool is_shown_root = !at.parent && at.view;
+    const bool animated = (at.content_flags & node::animated_bits) != 0;
+    if (at.recompute) recount_animated(at);
+    set_flag(at, node::children_animated, at.animated_children > 0);
+    node_change own;
+    if (at.recompute || !change.none()) own = take_in_rectangles(at, change);
     if (is_shown_root && animated != ((at.content_flags & node::animated_bits) != 0) && at.view) {
         at.view->update_clock();
     }
-    return change_between(before, contribution_of(at));
+    return own;
 }
 
 void climb(node& start, node_change change) {
@@ -117,6 +135,10 @@ void climb(node& start, node_change change) {
 }
 
 }  // namespace
+
+reach reach_of(const node& at) noexcept {
+    return {at.subtree_extent(), at.subtree_hit_extent()};
+}
 
 contribution contribution_of(const node& child) noexcept {
     return {child.subtree_extent().mapped(child.transform),
@@ -145,34 +167,39 @@ void propagate_child_change(node& at, node& child, const contribution& before) {
     climb(at, change_between(before, contribution_of(child)));
 }
 
+void propagate_reach_change(node& child, const reach& before) {
+    count_animated(*child.parent, child);
+    climb(*child.parent, change_since(before, child));
+}
+
 void propagate_own_hit_change(node& at, const extent& before) {
     climb(at, {{}, {before, at.hit_extent()}});
 }
 
-void propagate_transform_change(node& child, contribution before) {
+void propagate_transform_change(node& child, const contribution& before) {
     bool bounds_change = true;
     bool hit_change = true;
-    contribution after = contribution_of(child);
+    node_change change = change_between(before, contribution_of(child));
     com::ptr<node> keep;  // lives until the next one is known
     for (node* at = child.parent; at && (bounds_change || hit_change); at = at->parent) {
         keep = kept_for_handlers(*at);
-        contribution at_before = contribution_of(*at);
+        reach at_before = reach_of(*at);
         const bool whole = bounds_change && hit_change;
         bool ask_all = at->recompute;
         if (bounds_change) {
-            const extent total = next_bounds(*at, {before.bounds, after.bounds});
+            const extent total = next_bounds(*at, change.bounds);
             bounds_change = !same_edges(total.rect, at->subtree_bounds);
             if (bounds_change) {
                 at->subtree_bounds = total.rect;
                 if (!at->bounds_handlers.empty()) {
                     tell_bounds_handlers(*at);
                     ask_all = true;
-                    at_before = contribution_of(*at);
+                    at_before = reach_of(*at);
                 }
             }
         }
         if (hit_change) {
-            const extent total = next_hits(*at, {before.hit, after.hit}, ask_all);
+            const extent total = next_hits(*at, change.hit, ask_all);
             hit_change = !same_edges(total.rect, at->subtree_hit_bounds);
             if (hit_change) store_hits(*at, total);
         }
@@ -180,8 +207,7 @@ void propagate_transform_change(node& child, contribution before) {
             recount_animated(*at);
             at->recompute = false;
         }
-        before = at_before;
-        after = contribution_of(*at);
+        change = change_since(at_before, *at);
     }
 }
 

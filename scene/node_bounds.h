@@ -8,6 +8,12 @@ class node;
 
 // How the cached rectangles of a tree follow a change.
 
+/// What a node covers and is hit on, in its own space.
+struct reach {
+    extent bounds;
+    extent hit;
+};
+
 /// What a node contributes to its parent's unions, in the parent's space.
 struct contribution {
     extent bounds;
@@ -18,8 +24,11 @@ struct contribution {
 struct node_change {
     part_change bounds;
     part_change hit;
+
+    [[nodiscard]] bool none() const noexcept { return bounds.none() && hit.none(); }
 };
 
+[[nodiscard]] reach reach_of(const node& at) noexcept;
 [[nodiscard]] contribution contribution_of(const node& child) noexcept;
 [[nodiscard]] node_change change_between(const contribution& before, const contribution& after) noexcept;
 
@@ -33,12 +42,14 @@ void propagate_child_added(node& at, node& child);
 void propagate_child_removed(node& at, node& child);
 /// `child` contributed `before` to `at` and has changed.
 void propagate_child_change(node& at, node& child, const contribution& before);
+/// `child` reached `before` and has changed, but for its transform; it has a parent.
+void propagate_reach_change(node& child, const reach& before);
 /// What `at` itself is hit on was `before`.
 void propagate_own_hit_change(node& at, const extent& before);
 
 /// The narrower climb behind a change of a child's transform, which contributed `before`: it ends where
 /// neither rectangle changes.
-void propagate_transform_change(node& child, contribution before);
+void propagate_transform_change(node& child, const contribution& before);
 
 /// The subtree rectangle of `at` once its own content becomes `content`.
 [[nodiscard]] extent subtree_extent_with(const node& at, const extent& content);

@@ -52,8 +52,13 @@ bool node::hit_test(D2D_POINT_2F point) {
 }
 
 void node::install_recording(command_list&& new_background, command_list&& new_foreground,
-                             const D2D_RECT_F& bounds, bool animated, scene::view* bound_in) {
+                             const D2D_RECT_F& bounds, bool animated, std::uint64_t bound_to) {
     const bool shown = in_view_with_target();
+    if (bound_to != target_id()) {
+        // The target has come or gone since. Ahead of any change: what cannot be bound is not installed.
+        for (command& recorded : new_background) bind_resource(recorded, shown ? view : nullptr);
+        for (command& recorded : new_foreground) bind_resource(recorded, shown ? view : nullptr);
+    }
     if (shown && (content_flags & has_content)) view->invalidate(*this, false);
 
     IVisual::ISite* const site = visual_site(*this);
@@ -66,13 +71,13 @@ void node::install_recording(command_list&& new_background, command_list&& new_f
     for_each_visual_missing(foreground, background, new_foreground, new_background,
                             [=](IVisual* visual) { visual->attach(site); });
 
-    const contribution before = contribution_of(*this);
+    const reach before = reach_of(*this);
     const extent hit_before = hit_extent();
     const bool was_animated = (content_flags & animated_bits) != 0;
     const bool has_commands = !foreground.empty() || !background.empty();
     const extent content{has_commands, has_commands ? bounds : D2D_RECT_F{}};
     const extent subtree = subtree_extent_with(*this, content);
-    const bool changed = differs(subtree, subtree_extent());
+    const bool changed = differs(subtree, before.bounds);
     content_bounds = content.rect;
     const auto kept = content_flags & (has_hit_bounds | has_subtree_hit_bounds | focus_of_descendants);
     content_flags = static_cast<std::uint8_t>(
@@ -82,12 +87,8 @@ void node::install_recording(command_list&& new_background, command_list&& new_f
     update_own_hit_bounds(*this);
     update_subtree_hit_bounds(*this, hit_before);
 
-    if (shown && bound_in != view) {
-        for (command& recorded : background) bind_command(recorded, *view);
-        for (command& recorded : foreground) bind_command(recorded, *view);
-    }
     if (parent) {
-        propagate_child_change(*parent, *this, before);
+        propagate_reach_change(*this, before);
     } else if (view && was_animated != ((content_flags & animated_bits) != 0)) {
         view->update_clock();
     }
@@ -110,13 +111,15 @@ void node::release_recording() {
 void node::set_effect(IEffect* new_effect) {
     com::ptr<resource<IMaterializedEffect>> used(new_effect);
     const bool shown = in_view_with_target();
+    // Ahead of any change: an effect that cannot be made is not set.
+    binding_ptr<IMaterializedEffect> made = shown && used ? used->bind_typed(view) : nullptr;
     if (shown && effect && used != effect) {
         view->invalidate(*this, false);
         effect_binding.reset();
     }
     effect = std::move(used);
     if (shown && effect) {
-        effect_binding = effect->bind_typed(view);
+        effect_binding = std::move(made);
         view->invalidate(*this, false);
     }
 }

@@ -24,7 +24,9 @@ namespace detail {
 
 template <class T>
 void free_object_storage(void* storage) noexcept {
-    if constexpr (requires { T::operator delete(storage); }) {
+    if constexpr (requires { T::operator delete(storage, sizeof(object<T>)); }) {
+        T::operator delete(storage, sizeof(object<T>));
+    } else if constexpr (requires { T::operator delete(storage); }) {
         T::operator delete(storage);
     } else if constexpr (alignof(T) > __STDCPP_DEFAULT_NEW_ALIGNMENT__) {
         ::operator delete (storage, std::align_val_t{alignof(T)});
@@ -113,10 +115,11 @@ private:
     }
 
     ptr<T> construct() {
-        // A weak reference for the time of the construction: weak ones that come and go in it free nothing.
-        object_base* const base = this;
-        base->add_weak_reference();
         if constexpr (requires { this->final_construct(); }) {
+            // A weak reference for the time of the construction: weak ones that come and go in it free
+            // nothing.
+            object_base* const base = this;
+            base->add_weak_reference();
             struct guard {
                 object* pending;
                 ~guard() {
@@ -125,11 +128,14 @@ private:
             } unwinding{this};
             this->final_construct();
             unwinding.pending = nullptr;
+            whole_ = true;
+            ptr<T> first(static_cast<T*>(this));
+            base->release_weak_reference();
+            return first;
+        } else {
+            whole_ = true;
+            return static_cast<T*>(this);
         }
-        whole_ = true;
-        ptr<T> first(static_cast<T*>(this));
-        base->release_weak_reference();
-        return first;
     }
 
     bool whole_ = false;  // between construction and teardown: only then does the last release tear down
