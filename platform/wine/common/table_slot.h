@@ -26,6 +26,15 @@ struct method_traits<Result (STDMETHODCALLTYPE Interface::*)(Arguments...) const
     using function_type = Result STDMETHODCALLTYPE(Interface*, Arguments...);
 };
 
+// Compilers that take the headers' "nothrow" at its word see another type of method, but the same function.
+template <typename Interface, typename Result, typename... Arguments>
+struct method_traits<Result (STDMETHODCALLTYPE Interface::*)(Arguments...) noexcept>
+    : method_traits<Result (STDMETHODCALLTYPE Interface::*)(Arguments...)> {};
+
+template <typename Interface, typename Result, typename... Arguments>
+struct method_traits<Result (STDMETHODCALLTYPE Interface::*)(Arguments...) const noexcept>
+    : method_traits<Result (STDMETHODCALLTYPE Interface::*)(Arguments...) const> {};
+
 /// The number of a virtual method in its interface's table. The completions are built by compilers of the
 /// Itanium ABI only, where a pointer to a virtual method holds one more than the byte offset in the table.
 /// For an overloaded name, say which: slot_number<HRESULT (STDMETHODCALLTYPE I::*)(int)>(&I::method).

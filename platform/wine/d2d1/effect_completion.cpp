@@ -203,7 +203,9 @@ void complete_effects(ID2D1Factory* factory) {
         watched_creation<static_cast<
             creation<ID2D1HwndRenderTarget, properties, const D2D1_HWND_RENDER_TARGET_PROPERTIES*>>(
             &ID2D1Factory::CreateHwndRenderTarget)>::watch(factory);
-        watched_creation<&ID2D1Factory1::CreateDevice>::watch(query<ID2D1Factory1>(factory).get());
+        using create_device = HRESULT (STDMETHODCALLTYPE ID2D1Factory1::*)(IDXGIDevice*, ID2D1Device**);
+        watched_creation<static_cast<create_device>(&ID2D1Factory1::CreateDevice)>::watch(
+            query<ID2D1Factory1>(factory).get());
     });
 }
 

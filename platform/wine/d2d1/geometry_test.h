@@ -26,20 +26,22 @@ public:
     /// Whether an odd number of boundaries surrounds the point.
     [[nodiscard]] bool contains(D2D1_POINT_2F p) const;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    void STDMETHODCALLTYPE SetFillMode(D2D1_FILL_MODE) override {}
-    void STDMETHODCALLTYPE SetSegmentFlags(D2D1_PATH_SEGMENT) override {}
-    void STDMETHODCALLTYPE BeginFigure(D2D1_POINT_2F start, D2D1_FIGURE_BEGIN) override {
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) noexcept override { return E_NOINTERFACE; }
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return 1; }
+    ULONG STDMETHODCALLTYPE Release() noexcept override { return 1; }
+    void STDMETHODCALLTYPE SetFillMode(D2D1_FILL_MODE) noexcept override {}
+    void STDMETHODCALLTYPE SetSegmentFlags(D2D1_PATH_SEGMENT) noexcept override {}
+    void STDMETHODCALLTYPE BeginFigure(D2D1_POINT_2F start, D2D1_FIGURE_BEGIN) noexcept override {
         figures.push_back({start});
     }
-    void STDMETHODCALLTYPE AddLines(const D2D1_POINT_2F* points, UINT count) override {
+    void STDMETHODCALLTYPE AddLines(const D2D1_POINT_2F* points, UINT count) noexcept override {
         figures.back().insert(figures.back().end(), points, points + count);
     }
-    void STDMETHODCALLTYPE AddBeziers(const D2D1_BEZIER_SEGMENT*, UINT count) override { curves += count; }
-    void STDMETHODCALLTYPE EndFigure(D2D1_FIGURE_END end) override { ends.push_back(end); }
-    HRESULT STDMETHODCALLTYPE Close() override { return S_OK; }
+    void STDMETHODCALLTYPE AddBeziers(const D2D1_BEZIER_SEGMENT*, UINT count) noexcept override {
+        curves += count;
+    }
+    void STDMETHODCALLTYPE EndFigure(D2D1_FIGURE_END end) noexcept override { ends.push_back(end); }
+    HRESULT STDMETHODCALLTYPE Close() noexcept override { return S_OK; }
 };
 
 /// Makes geometries.

@@ -8,8 +8,8 @@ namespace completion {
 
 namespace {
 
-/// In the geometry's own units: fine enough for a path that is drawn ten times its size.
-constexpr double refinement = 1.0 / 128;
+/// In the geometry's own units; not finer, as the time to close a path grows with the square of its segments.
+constexpr double refinement = 1.0 / 64;
 
 D2D1_BEZIER_SEGMENT segment_of(const cubic& curve) noexcept {
     return {to_d2d(curve.p1), to_d2d(curve.p2), to_d2d(curve.p3)};
