@@ -32,7 +32,7 @@ public:
 
     std::vector<std::string> calls;
     /// The calls so far, which are forgotten: the next step's stand alone.
-    [[nodiscard]] std::vector<std::string> take_calls() { return std::exchange(calls, {}); }
+    std::vector<std::string> take_calls() { return std::exchange(calls, {}); }
     /// The last interval that was asked for, in seconds; 0 when the clock is off.
     double clock_interval = 0.0;
 

@@ -43,7 +43,9 @@ public:
 
     [[nodiscard]] const std::vector<std::string>& calls() const noexcept { return record->calls; }
     /// The calls so far, which are forgotten: the next step's stand alone.
-    [[nodiscard]] std::vector<std::string> take_calls() { return std::exchange(record->calls, {}); }
+    std::vector<std::string> take_calls() { return std::exchange(record->calls, {}); }
+    /// Adds a line of the test's own: what else happens shows in one order with the calls.
+    void note(std::string line) { record->calls.push_back(std::move(line)); }
 
     [[nodiscard]] int created_brushes() const noexcept { return record->brushes.created; }
     [[nodiscard]] int created_bitmaps() const noexcept { return record->bitmaps.created; }
