@@ -43,6 +43,8 @@ private:
 /// The recording that `node::draw` begins.
 class node_drawing_context : public drawing_context, public in_small_blocks {
 public:
+    using uncounted = void;  // one that leaks is seen by its node
+
     node_drawing_context(node& recorded, bool on_release);
 
     void commit() override;

@@ -42,14 +42,15 @@ bool node::is_above(const node& other) const noexcept {
 }
 
 void node::add_child(com::ptr<INode> child) {
-    com::ptr<node> added = expected_node(child);
-    if (added->view || added->parent || added->is_above(*this)) throw std::logic_error("unexpected");
-    children.push_back(added);
-    added->parent = this;
-    if (added->counts_as_animated()) count_animation(this, 1);
-    propagate_child_added(*this, *added);
+    com::ptr<node> reference = expected_node(child);
+    node& added = *reference;  // `child` keeps it while handlers run
+    if (added.view || added.parent || added.is_above(*this)) throw std::logic_error("unexpected");
+    children.push_back(std::move(reference));
+    added.parent = this;
+    if (added.counts_as_animated()) count_animation(this, 1);
+    propagate_child_added(*this, added);
     // Handlers that heard of the bounds may have taken the child away again.
-    if (view && added->parent == this && !added->view) view->enter(*added);
+    if (view && added.parent == this && !added.view) view->enter(added);
 }
 
 bool node::remove_child(com::ptr<INode> child) {

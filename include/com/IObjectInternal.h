@@ -10,7 +10,8 @@ namespace com {
 template <class T>
 struct IObjectInternal : IUnknown {};
 
-/// The library's own object behind an interface. Null gives null; an object of another make throws `com::error`.
+/// The library's own object behind an interface. Null gives null; an object of another make throws
+/// `com::error`.
 template <class T, class I>
 [[nodiscard]] ptr<T> internal_object(I* interface_pointer) {
     ptr<IObjectInternal<T>> marker(interface_pointer);

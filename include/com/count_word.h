@@ -5,9 +5,10 @@
 
 namespace com {
 
-/// The reference counts of an object, both in one atomic 32-bit word: bits 0 to 19 count the strong references,
-/// bits 20 to 31 the weak ones. The storage of an object stays while the word is not zero. Neither field is
-/// checked for overflow. Every operation is safe from any thread and sequentially consistent.
+/// The reference counts of an object, both in one atomic 32-bit word: bits 0 to 19 count the strong
+/// references, bits 20 to 31 the weak ones. The storage of an object stays while the word is not zero.
+/// Neither field is checked for overflow. Every operation is safe from any thread and sequentially
+/// consistent.
 class count_word {
 public:
     static constexpr std::uint32_t one_strong = 1;
@@ -29,8 +30,8 @@ public:
     /// Takes a strong reference. Returns the new word.
     std::uint32_t add_strong() noexcept { return word_.fetch_add(one_strong) + one_strong; }
 
-    /// Gives back a strong reference that is not the last one. Returns the new word, or 0 when it is the last:
-    /// then nothing has changed, and `strong_to_weak` is due.
+    /// Gives back a strong reference that is not the last one. Returns the new word, or 0 when it is the
+    /// last: then nothing has changed, and `strong_to_weak` is due.
     [[nodiscard]] std::uint32_t drop_strong_unless_last() noexcept {
         std::uint32_t word = word_.load();
         while ((word & strong_mask) > 1) {
@@ -39,8 +40,22 @@ public:
         return 0;
     }
 
-    /// Turns a strong reference into a weak one, in one step: whoever does it pins the storage. Returns the new
-    /// word.
+    /// Does what `strong_to_weak` does when the strong reference is the only one of either kind. Nobody else
+    /// can reach the word then, so a plain store will do. False, and nothing changed, when it is not the only
+    /// one.
+    [[nodiscard]] bool only_strong_to_weak() noexcept {
+        if (word_.load(std::memory_order_acquire) != one_strong) return false;
+        word_.store(one_weak, std::memory_order_relaxed);
+        return true;
+    }
+
+    /// True when the caller's weak reference is the only one of either kind: nobody else can reach the word.
+    [[nodiscard]] bool only_weak() const noexcept {
+        return word_.load(std::memory_order_acquire) == one_weak;
+    }
+
+    /// Turns a strong reference into a weak one, in one step: whoever does it pins the storage. Returns the
+    /// new word.
     [[nodiscard]] std::uint32_t strong_to_weak() noexcept {
         constexpr std::uint32_t step = one_weak - one_strong;
         std::uint32_t word = word_.load();
@@ -51,8 +66,8 @@ public:
 
     void add_weak() noexcept { word_.fetch_add(one_weak); }
 
-    /// Gives back a weak reference. Returns the word ahead of it: exactly `one_weak` means that the word is zero
-    /// now and that the caller frees the storage.
+    /// Gives back a weak reference. Returns the word ahead of it: exactly `one_weak` means that the word is
+    /// zero now and that the caller frees the storage.
     [[nodiscard]] std::uint32_t drop_weak() noexcept { return word_.fetch_sub(one_weak); }
 
     /// Makes a strong reference from a weak one. False once the last strong reference has gone: an object in

@@ -10,8 +10,8 @@
 
 namespace com {
 
-/// A failed `HRESULT`. `what()` is the description of the error object if it has one, else the system's message
-/// for the code with the line end that it comes with, else a text that names the code.
+/// A failed `HRESULT`. `what()` is the description of the error object if it has one, else the system's
+/// message for the code with the line end that it comes with, else a text that names the code.
 class MOSSHARBOUR_API error : public std::runtime_error {
 public:
     /// Takes a reference on `info`, which may be null.

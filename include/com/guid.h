@@ -17,7 +17,8 @@ namespace com {
     for (std::size_t i = 0; i < 36; ++i) {
         const char c = text[i];
         if (i == 8 || i == 13 || i == 18 || i == 23) {
-            if (c != '-') throw std::invalid_argument("a GUID has its hyphens behind digits 8, 12, 16 and 20");
+            if (c != '-')
+                throw std::invalid_argument("a GUID has its hyphens behind digits 8, 12, 16 and 20");
             continue;
         }
         unsigned value = 0;
@@ -33,7 +34,9 @@ namespace com {
         bytes[digits / 2] = static_cast<std::uint8_t>(bytes[digits / 2] * 16u + value);
         ++digits;
     }
-    const auto word = [&](std::size_t at) { return static_cast<std::uint16_t>(bytes[at] << 8 | bytes[at + 1]); };
+    const auto word = [&](std::size_t at) {
+        return static_cast<std::uint16_t>(bytes[at] << 8 | bytes[at + 1]);
+    };
     GUID result{};
     result.Data1 = static_cast<decltype(result.Data1)>(word(0)) << 16 | word(2);
     result.Data2 = word(4);

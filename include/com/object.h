@@ -61,7 +61,9 @@ private:
 /// `T` may declare `void final_construct()`, run once the object is whole, and `void final_release()`, run
 /// when the last strong reference has gone, ahead of all destructors; not as private members, which are not
 /// found. References to the object that are taken and given back inside the two, or inside constructors and
-/// destructors, are counted and start no further teardown. None may be kept beyond the teardown.
+/// destructors, are counted and start no further teardown. None may be kept beyond the teardown. Objects of a
+/// class that declares a type `uncounted` are left out of `live_object_count`: for what is made and dropped
+/// all the time.
 template <class T>
 class object final : public T {
 public:
@@ -87,17 +89,22 @@ private:
 
     template <class... Arguments>
     explicit object(Arguments&&... arguments) : T(std::forward<Arguments>(arguments)...) {
-        detail::count_object(1);
+        if constexpr (is_counted) detail::count_object(1);
     }
 
-    ~object() { detail::count_object(-1); }
+    ~object() {
+        if constexpr (is_counted) detail::count_object(-1);
+    }
+
+    static constexpr bool is_counted = !requires { typename T::uncounted; };
 
     void free_storage() noexcept override { detail::free_object_storage<T>(this); }
 
     ULONG release_last() noexcept {
         // From here on this call holds a weak reference: the storage outlives whatever teardown drops.
-        const std::uint32_t word = this->count_.strong_to_weak();
-        if ((word & count_word::strong_mask) == 0 && std::exchange(whole_, false)) {
+        const bool was_last = this->count_.only_strong_to_weak() ||
+                              (this->count_.strong_to_weak() & count_word::strong_mask) == 0;
+        if (was_last && std::exchange(whole_, false)) {
             if constexpr (requires { this->final_release(); }) this->final_release();
             return destroy();
         }
@@ -111,7 +118,7 @@ private:
         this->~object();
         object_base* const dead = ::new (static_cast<void*>(base)) detail::dead_object<T>;
         static_assert(sizeof(detail::dead_object<T>) == sizeof(object_base));
-        return dead->release_weak_reference();
+        return dead->release_teardown_reference();
     }
 
     ptr<T> construct() {

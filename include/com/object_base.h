@@ -35,6 +35,13 @@ public:
         return before - count_word::one_weak;
     }
 
+    /// The same at the end of a teardown, when nobody else is expected to hold one.
+    std::uint32_t release_teardown_reference() noexcept {
+        if (!count_.only_weak()) return release_weak_reference();
+        free_storage();
+        return 0;
+    }
+
     /// Makes a strong reference from a weak one that the caller holds; false when the object is gone or
     /// going.
     [[nodiscard]] bool lock_reference() noexcept { return count_.lock(); }

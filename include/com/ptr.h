@@ -10,12 +10,13 @@
 
 namespace com {
 
-/// A strong reference to an object through interface (or library class) `T`: null, or one count on the object.
+/// A strong reference to an object through interface (or library class) `T`: null, or one count on the
+/// object.
 ///
 /// Construction from a `T*` or a pointer to something derived from `T` adds a reference. Construction from a
 /// pointer to any other interface asks it for `T`: null stays null, and an object that lacks `T` throws
-/// `com::error` with the result of `QueryInterface`, so a conversion never turns a non-null pointer into null.
-/// Assignment takes the new reference ahead of releasing the old one: `p = p->next` is safe.
+/// `com::error` with the result of `QueryInterface`, so a conversion never turns a non-null pointer into
+/// null. Assignment takes the new reference ahead of releasing the old one: `p = p->next` is safe.
 template <class T>
 class ptr {
 public:
@@ -24,15 +25,12 @@ public:
 
     /// Adds a reference.
     template <class U>
-        requires std::convertible_to<U*, T*>
-    ptr(U* object) noexcept : pointer_(object) {
-        add_reference();
-    }
+    requires std::convertible_to<U*, T*> ptr(U* object)
+    noexcept : pointer_(object) { add_reference(); }
 
     /// Asks `object` for `T`; throws `com::error` when it has none.
     template <class U>
-        requires(!std::convertible_to<U*, T*>)
-    ptr(U* object) : pointer_(query(object)) {}
+    requires(!std::convertible_to<U*, T*>) ptr(U* object) : pointer_(query(object)) {}
 
     ptr(const ptr& other) noexcept : pointer_(other.pointer_) { add_reference(); }
     ptr(ptr&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
@@ -41,8 +39,8 @@ public:
     ptr(const ptr<U>& other) noexcept(std::convertible_to<U*, T*>) : ptr(other.get()) {}
 
     template <class U>
-        requires std::convertible_to<U*, T*>
-    ptr(ptr<U>&& other) noexcept : pointer_(other.detach()) {}
+    requires std::convertible_to<U*, T*> ptr(ptr<U>&& other)
+    noexcept : pointer_(other.detach()) {}
 
     ~ptr() {
         if (pointer_) pointer_->Release();

@@ -8,9 +8,10 @@
 
 namespace com {
 
-/// A weak reference to an object of class `T`: keeps its storage, not its life. `lock` gives a strong reference
-/// while there is one, and null from the moment the last one goes. How an object captures itself in a handler
-/// that it hands to something it owns. `T` derives from `com::object_base`, and may be incomplete here.
+/// A weak reference to an object of class `T`: keeps its storage, not its life. `lock` gives a strong
+/// reference while there is one, and null from the moment the last one goes. How an object captures itself in
+/// a handler that it hands to something it owns. `T` derives from `com::object_base`, and may be incomplete
+/// here.
 template <class T>
 class weak_ptr {
 public:
