@@ -4,6 +4,8 @@
 #include "effect.h"
 #include "guarded.h"
 #include "owned.h"
+#include "scratch_context.h"
+#include "stroke_drawing.h"
 #include "table_slot.h"
 
 #include <d2d1effects.h>
@@ -25,33 +27,19 @@ table_slot<draw_image_method> draw_image_slot{&ID2D1DeviceContext::DrawImage};
 
 /// Draws a red shadow on a context of its own and looks at it.
 bool original_draws_shadows(ID2D1DeviceContext* any) {
-    const auto device = make<ID2D1Device>([&](ID2D1Device** result) {
-        any->GetDevice(result);
-        return S_OK;
-    });
-    const auto context = device ? make<ID2D1DeviceContext>([&](ID2D1DeviceContext** result) {
-        return device->CreateDeviceContext(D2D1_DEVICE_CONTEXT_OPTIONS_NONE, result);
-    })
-                                : nullptr;
-    D2D1_BITMAP_PROPERTIES1 properties{};
-    properties.pixelFormat = {DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_PREMULTIPLIED};
-    properties.bitmapOptions = D2D1_BITMAP_OPTIONS_TARGET;
-    constexpr D2D1_SIZE_U size{16, 16};
-    const auto target = context ? make<ID2D1Bitmap1>([&](ID2D1Bitmap1** result) {
-        return context->CreateBitmap(size, nullptr, 0, &properties, result);
-    })
-                                : nullptr;
+    const scratch_context scratch(any);
+    ID2D1DeviceContext* const context = scratch.get();
     const auto shadow = context ? make<ID2D1Effect>([&](ID2D1Effect** result) {
-        return create_effect_slot.original()(context.get(), CLSID_D2D1Shadow, result);
+        return create_effect_slot.original()(context, CLSID_D2D1Shadow, result);
     })
                                 : nullptr;
     pixel_image input;
     input.width = 8;
     input.height = 8;
     input.pixels.assign(64, {255, 255, 255, 255});
-    const auto bitmap = context ? make_bitmap(context.get(), input) : nullptr;
+    const auto bitmap = context ? make_bitmap(context, input) : nullptr;
     const D2D1_VECTOR_4F red{1, 0, 0, 1};
-    if (!target || !shadow || !bitmap ||
+    if (!shadow || !bitmap ||
         FAILED(shadow->SetValue(static_cast<UINT32>(D2D1_SHADOW_PROP_COLOR), D2D1_PROPERTY_TYPE_UNKNOWN,
                                 reinterpret_cast<const BYTE*>(&red), UINT32{sizeof red}))) {
         return false;
@@ -61,13 +49,11 @@ bool original_draws_shadows(ID2D1DeviceContext* any) {
         shadow->GetOutput(result);
         return S_OK;
     });
-    context->SetTarget(target.get());
-    context->BeginDraw();
     const D2D1_POINT_2F offset{4, 4};
-    draw_image_slot.original()(context.get(), output.get(), &offset, nullptr, D2D1_INTERPOLATION_MODE_LINEAR,
-                               D2D1_COMPOSITE_MODE_SOURCE_OVER);
-    const auto drawn =
-        SUCCEEDED(context->EndDraw()) ? read_bitmap(context.get(), target.get()) : std::nullopt;
+    const auto drawn = scratch.draw([&] {
+        draw_image_slot.original()(context, output.get(), &offset, nullptr, D2D1_INTERPOLATION_MODE_LINEAR,
+                                   D2D1_COMPOSITE_MODE_SOURCE_OVER);
+    });
     return drawn && drawn->at(8, 8)[2] > 64 && drawn->at(8, 8)[0] == 0;
 }
 
@@ -182,6 +168,7 @@ void complete_context(ID2D1DeviceContext* context) {
     if (context) {
         create_effect_slot.replace(context, &create_effect);
         draw_image_slot.replace(context, &draw_image);
+        complete_stroke_drawing(context);
     }
 }
 
