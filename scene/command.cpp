@@ -31,6 +31,16 @@ void bind_command(command& recorded, view& shown_in) {
                recorded);
 }
 
+void bind_resource(command& recorded, view* shown_in) {
+    std::visit(overloaded{
+                   [](visual_command&) {},
+                   [&](auto& it) {
+                       it.binding = shown_in ? resource_of(it)->bind_typed(shown_in) : nullptr;
+                   },
+               },
+               recorded);
+}
+
 void release_command(command& recorded, view& shown_in) {
     std::visit(overloaded{
                    [&](visual_command& it) { it.visual->unbind(&shown_in); },

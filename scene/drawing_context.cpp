@@ -60,7 +60,7 @@ void drawing_context::background() {
 }
 
 void drawing_context::fill_geometry(ID2D1Geometry* geometry, IBrush* brush) {
-    bound_resource<ID2D1Brush> used(brush, bound_in);
+    bound_resource<ID2D1Brush> used(brush, binding_view());
     D2D_RECT_F covered{};
     com::check(given(geometry)->GetBounds(nullptr, &covered));
     append(fill_command{geometry, std::move(used.resource), std::move(used.binding)}, covered, used.animated);
@@ -68,7 +68,7 @@ void drawing_context::fill_geometry(ID2D1Geometry* geometry, IBrush* brush) {
 
 void drawing_context::draw_geometry(ID2D1Geometry* geometry, IBrush* brush, float width,
                                     ID2D1StrokeStyle* style) {
-    bound_resource<ID2D1Brush> used(brush, bound_in);
+    bound_resource<ID2D1Brush> used(brush, binding_view());
     const D2D_RECT_F covered = widened_bounds(given(geometry), width, style);
     append(stroke_command{geometry, std::move(used.resource), std::move(used.binding), width, style}, covered,
            used.animated);
@@ -76,7 +76,7 @@ void drawing_context::draw_geometry(ID2D1Geometry* geometry, IBrush* brush, floa
 
 void drawing_context::draw_text_layout(float x, float y, IDWriteTextLayout* layout, IBrush* brush,
                                        D2D1_DRAW_TEXT_OPTIONS options) {
-    bound_resource<ID2D1Brush> used(brush, bound_in);
+    bound_resource<ID2D1Brush> used(brush, binding_view());
     DWRITE_TEXT_METRICS metrics{};
     com::check(given(layout)->GetMetrics(&metrics));  // only for its failure: the box counts, not the ink
     const D2D_RECT_F box{x, y, x + layout->GetMaxWidth(), y + layout->GetMaxHeight()};
@@ -85,7 +85,7 @@ void drawing_context::draw_text_layout(float x, float y, IDWriteTextLayout* layo
 }
 
 void drawing_context::draw_bitmap(float x, float y, IBitmap* bitmap) {
-    bound_resource<ID2D1Bitmap> used(bitmap, bound_in);
+    bound_resource<ID2D1Bitmap> used(bitmap, binding_view());
     const D2D_SIZE_U size = bitmap->get_size();
     const float width = static_cast<float>(size.width);
     const float height = static_cast<float>(size.height);
@@ -105,17 +105,20 @@ void drawing_context::draw_visual(IVisual* visual) {
 }
 
 node_drawing_context::node_drawing_context(node& recorded, bool on_release)
-    : drawing_context(recorded.in_view_with_target() ? recorded.view : nullptr),
-      commit_on_release(on_release),
-      target(&recorded) {}
+    : commit_on_release(on_release), target(&recorded), bound_to(recorded.target_id()) {}
 
 node_drawing_context::~node_drawing_context() = default;
+
+view* node_drawing_context::binding_view() const noexcept {
+    return bound_to != 0 && target->target_id() == bound_to ? target->view : nullptr;
+}
 
 void node_drawing_context::commit() {
     command_list background = std::exchange(background_commands, {});
     command_list foreground = std::exchange(foreground_commands, {});
     target->install_recording(std::move(background), std::move(foreground), bounds,
-                              std::exchange(animated, false), bound_in);
+                              std::exchange(animated, false), bound_to);
+    bound_to = target->target_id();
 }
 
 void node_drawing_context::final_release() {

@@ -25,6 +25,10 @@ bool node::in_view_with_target() const noexcept {
     return view && view->has_target();
 }
 
+std::uint64_t node::target_id() const noexcept {
+    return view ? view->target_id() : 0;
+}
+
 void node::set_user_value(int value) {
     user_value = value;
 }

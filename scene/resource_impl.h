@@ -4,6 +4,8 @@
 #include "scene/resource.h"
 #include "scene/view.h"
 
+#include <cstdint>
+
 namespace d2d::scene {
 
 /// The generic operations of a resource. `Concrete` derives from this, lists it among its interfaces and
@@ -28,13 +30,13 @@ public:
 
     com::ptr<T> create(ID2D1RenderTarget* target) final { return concrete().create_device_object(target); }
 
-    /// The device object for one view.
+    /// The device object for one view, and for the target that it has at this time.
     class binding_impl : public resource<T>::binding,
                          public animated_binding_list::node,
                          public resource_binding_list::node {
     public:
         binding_impl(view* shown_in, com::ptr<U> device_object, Concrete* from)
-            : view_(shown_in), object(std::move(device_object)), resource_(from) {}
+            : view_(shown_in), target_id_(shown_in->target_id()), object(std::move(device_object)), resource_(from) {}
 
         bool is_animated() noexcept final { return resource_->is_animated(); }
 
@@ -46,7 +48,8 @@ public:
 
         T* get() noexcept final { return object.get(); }
 
-        [[nodiscard]] view* shown_in() const noexcept { return view_; }
+        /// The attachment that the device object is of. An open recording may keep a binding beyond it.
+        [[nodiscard]] std::uint64_t target_id() const noexcept { return target_id_; }
 
         void final_release() {
             if (animated_binding_list::node::linked()) view_->remove_animated_binding(*this);
@@ -58,6 +61,7 @@ public:
 
     private:
         view* view_;
+        std::uint64_t target_id_;
         com::ptr<U> object;  // released last: the lists let go of the binding first
         Concrete* resource_;
     };
@@ -71,7 +75,7 @@ private:
     com::ptr<binding_impl> bind_to(view* shown_in) {
         for (auto* item = this->bindings.first(); item; item = item->next_item()) {
             auto* const existing = static_cast<binding_impl*>(item);
-            if (existing->shown_in() == shown_in) return existing;
+            if (existing->target_id() == shown_in->target_id()) return existing;
         }
         auto made = com::create_object<binding_impl>(
             shown_in, concrete().create_device_object(shown_in->get_render_target()), &concrete());

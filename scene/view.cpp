@@ -10,6 +10,12 @@
 
 namespace d2d::scene {
 
+namespace {
+
+std::uint64_t attachments = 0;  // so far, of all views
+
+}  // namespace
+
 view::view() = default;
 view::~view() = default;
 
@@ -34,6 +40,7 @@ void view::detach_site(ISite*) {
 
 void view::attach_render_target(ID2D1RenderTarget* target) {
     render_target = target;
+    attachment = target ? ++attachments : 0;
     if (root) walk_parents_first(*root, [](node& at) { at.bind_recording(); });
     if (clock_running && site) site->set_animation_clock(0.0, clock_interval);
 }
@@ -42,6 +49,7 @@ void view::detach_render_target(ID2D1RenderTarget*) {
     // The flag stays: the next target starts the clock again.
     if (clock_running && site) site->set_animation_clock(0.0, 0.0);
     if (root) walk_parents_first(*root, [](node& at) { at.release_recording(); });
+    attachment = 0;
     render_target.reset();
 }
 

@@ -8,6 +8,7 @@
 #include "d2d/scene/IView.h"
 #include "scene/resource.h"
 
+#include <cstdint>
 #include <vector>
 
 #include <servprov.h>
@@ -78,6 +79,9 @@ public:
     void release_focus(node& target);
     [[nodiscard]] bool is_focus(const node& target, bool or_descendant) const noexcept;
 
+    /// Identifies the present attachment of a target, among all of the process: never the same again, even
+    /// when a target or a view comes to lie where another was. 0 without a target.
+    [[nodiscard]] std::uint64_t target_id() const noexcept { return attachment; }
     [[nodiscard]] bool has_target() const noexcept { return static_cast<bool>(render_target); }
     [[nodiscard]] ISite* get_site() const noexcept { return site; }
     [[nodiscard]] D2D_POINT_2F get_last_point() const noexcept { return last_point; }
@@ -100,6 +104,7 @@ private:
     [[no_unique_address]] factory graphics;
     // Released in the opposite order: kept, the focus goes first and the target last.
     com::ptr<ID2D1RenderTarget> render_target;
+    std::uint64_t attachment = 0;
     node_path hover_path;  // the nodes under the mouse at the last move, root first
     com::ptr<node> root;
     com::ptr<node> hover_target;  // got the last hover event
