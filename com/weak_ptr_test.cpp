@@ -225,7 +225,7 @@ private:
 /// Has several threads do the same job at the same moment, round after round.
 class threads_test : public testing::Test {
 protected:
-    static constexpr int rounds = 3000;
+    static constexpr int rounds = 1000;
     static constexpr int helpers = 3;
 
     threads_test() {

@@ -11,6 +11,8 @@ template <class... Functions>
 struct overloaded : Functions... {
     using Functions::operator()...;
 };
+template <class... Functions>
+overloaded(Functions...) -> overloaded<Functions...>;
 
 /// The resource of a command that has one.
 auto& resource_of(bitmap_command& recorded) noexcept {

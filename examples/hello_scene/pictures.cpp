@@ -22,8 +22,8 @@ node recorded(Record&& record) {
 
 node make_boat(const palette& colours) {
     auto boat = recorded([&](d2d::scene::IDrawingContext& context) {
+        context.fill_geometry(rectangle(-1.5f, -76, 1.5f, 4).get(), colours.ink.get());
         context.fill_geometry(polygon({{-46, 0}, {46, 0}, {32, 20}, {-34, 20}}).get(), colours.hull.get());
-        context.draw_geometry(polygon({{0, 0}, {0, -74}}).get(), colours.ink.get(), 3, nullptr);
     });
     auto sails = recorded([&](d2d::scene::IDrawingContext& context) {
         context.fill_geometry(polygon({{4, -6}, {4, -70}, {40, -6}}).get(), colours.sail.get());

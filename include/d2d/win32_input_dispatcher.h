@@ -25,7 +25,8 @@ struct MOSSHARBOUR_API win32_input_dispatcher {
     bool hovering = false;                ///< hovering was reported and has not ended
     std::uint32_t last_flags = 0;         ///< of the last mouse message
     D2D_POINT_2F last_point{};            ///< of the last mouse message, in the scene
-    HCURSOR default_cursor = LoadCursorW(nullptr, IDC_ARROW);  ///< where the view has no opinion
+    HCURSOR default_cursor =
+        LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  ///< without a view's opinion: the arrow
 
     /// Empty: the message goes on to the default treatment. A value: it was handled, and this is the result.
     /// `WM_CLOSE` posts the end of the message loop, unless somebody above has answered it. Handlers of the
