@@ -180,6 +180,7 @@ HRESULT recording_render_target::CreateCompatibleRenderTarget(const D2D1_SIZE_F*
                                                               D2D1_COMPATIBLE_RENDER_TARGET_OPTIONS options,
                                                               ID2D1BitmapRenderTarget** target) {
     record->calls.push_back(call_text("CreateCompatibleRenderTarget", size));
+    if (make_layer) return make_layer(*size, target);
     return real ? real->CreateCompatibleRenderTarget(size, pixels, format, options, target) : E_NOTIMPL;
 }
 

@@ -2,6 +2,7 @@
 
 #include "scene/testing/fake_device_objects.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -60,6 +61,8 @@ public:
     /// Lets `count` more brushes and bitmaps be made; the ones behind them fail with `failure`, until this is
     /// called with `S_OK`.
     void fail_creations_after(int count, HRESULT failure);
+    /// Makes what `CreateCompatibleRenderTarget` gives; without it a real target does.
+    std::function<HRESULT(const D2D1_SIZE_F& size, ID2D1BitmapRenderTarget** target)> make_layer;
     /// What `EndDraw` answers when there is no real target, or the real one succeeds.
     HRESULT end_draw_result = S_OK;
     /// What `GetSize` and `GetPixelSize` answer when there is no real target.
