@@ -36,7 +36,10 @@ public:
                          public resource_binding_list::node {
     public:
         binding_impl(view* shown_in, com::ptr<U> device_object, Concrete* from)
-            : view_(shown_in), target_id_(shown_in->target_id()), object(std::move(device_object)), resource_(from) {}
+            : view_(shown_in),
+              target_id_(shown_in->target_id()),
+              object(std::move(device_object)),
+              resource_(from) {}
 
         bool is_animated() noexcept final { return resource_->is_animated(); }
 
