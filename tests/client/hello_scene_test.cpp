@@ -1,0 +1,44 @@
+// The example as its user sees it.
+
+#include "running_program.h"
+#include "support/golden.h"
+#include "support/message_pump.h"
+#include "support/picture.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using client_test::running_program;
+using test_support::picture;
+
+/// What the window shows once two looks in a row are the same, with something on it.
+picture settled_picture(HWND window) {
+    picture last = test_support::grab_client_area(window);
+    for (int i = 0; i < 50; ++i) {
+        test_support::pump_for(std::chrono::milliseconds(200));
+        picture next = test_support::grab_client_area(window);
+        if (next == last && next.width > 4 && next.at(2, 2) != next.at(next.width / 2, next.height / 2))
+            return next;
+        last = std::move(next);
+    }
+    return last;
+}
+
+// Text may be smoothed a little differently from one version of the fonts to the next.
+constexpr test_support::tolerance fonts{.channel = 24, .pixels = 1500};
+
+TEST(hello_scene, shows_its_scene_follows_its_window_and_ends_with_it) {
+    running_program program(L"hello_scene.exe", L"Hello, scene");
+    EXPECT_TRUE(matches_golden(settled_picture(program.window()), "hello_scene/start", fonts));
+
+    SetWindowPos(program.window(), nullptr, 0, 0, 720, 500, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const picture larger = settled_picture(program.window());
+    EXPECT_GT(larger.width, 700u);
+    EXPECT_TRUE(matches_golden(larger, "hello_scene/larger", fonts));
+
+    PostMessageW(program.window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(0u, program.exit_code());
+}
+
+}  // namespace

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace client_test {
+
+/// A program beside the test's own, from its start until it has ended. Throws `std::runtime_error` when it
+/// does not start, or shows no window with the given title in good time.
+class running_program {
+public:
+    running_program(const std::wstring& name, const std::wstring& title);
+    running_program(const running_program&) = delete;
+    running_program& operator=(const running_program&) = delete;
+    /// Ends it by force when it is still there.
+    ~running_program();
+
+    [[nodiscard]] HWND window() const noexcept { return window_; }
+
+    /// Waits until the program has ended and gives its exit code; throws `std::runtime_error` when it does
+    /// not.
+    [[nodiscard]] DWORD exit_code();
+
+private:
+    PROCESS_INFORMATION process_{};
+    HWND window_ = nullptr;
+};
+
+}  // namespace client_test
