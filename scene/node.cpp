@@ -56,8 +56,9 @@ int node::set_hit_mode(int mode) {
     const int previous = hit_mode;
     if (mode == previous) return previous;
     const extent before = hit_extent();
+    const extent own = own_hit_extent(*this, mode, clip_geometry.get(), content_extent());
     hit_mode = mode;
-    update_own_hit_bounds(*this);
+    store_own_hit_bounds(*this, own);
     recompute = true;  // the mode decides what the subtree rectangle is made of
     propagate_own_hit_change(*this, before);
     return previous;
@@ -75,8 +76,9 @@ com::ptr<ID2D1Geometry> node::set_clip_geometry(ID2D1Geometry* geometry) {
     com::ptr<ID2D1Geometry> previous = clip_geometry;
     if (geometry == previous) return previous;
     const extent before = hit_extent();
+    const extent own = own_hit_extent(*this, hit_mode, geometry, content_extent());
     clip_geometry = geometry;
-    update_own_hit_bounds(*this);
+    store_own_hit_bounds(*this, own);
     propagate_own_hit_change(*this, before);
     return previous;
 }

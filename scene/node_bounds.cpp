@@ -188,9 +188,9 @@ void propagate_transform_change(node& child, const contribution& before) {
         bool ask_all = at->recompute;
         if (bounds_change) {
             const extent total = next_bounds(*at, change.bounds);
-            bounds_change = !same_edges(total.rect, at->subtree_bounds);
+            bounds_change = differs(total, at->subtree_extent());
             if (bounds_change) {
-                at->subtree_bounds = total.rect;
+                store_bounds(*at, total);
                 if (!at->bounds_handlers.empty()) {
                     tell_bounds_handlers(*at);
                     ask_all = true;
@@ -200,7 +200,7 @@ void propagate_transform_change(node& child, const contribution& before) {
         }
         if (hit_change) {
             const extent total = next_hits(*at, change.hit, ask_all);
-            hit_change = !same_edges(total.rect, at->subtree_hit_bounds);
+            hit_change = differs(total, at->subtree_hit_extent());
             if (hit_change) store_hits(*at, total);
         }
         if (whole && at->recompute) {
@@ -217,20 +217,19 @@ extent subtree_extent_with(const node& at, const extent& content) {
     return !at.recompute && replace_part(total, own) ? total : united_bounds(at, content);
 }
 
-void update_own_hit_bounds(node& at) {
-    extent own;
-    if (at.hit_mode == node::hit_solid) {
-        own = {true, maximal_rect};
-    } else if (at.hit_mode == node::hit_by_content) {
-        if (at.clip_geometry) {
-            own.valid = true;
-            com::check(at.clip_geometry->GetBounds(&identity_matrix, &own.rect));
-        } else if (at.content_flags & node::has_content) {
-            own = at.content_extent();
-        } else {
-            return;  // kept: a node that is emptied keeps its hit area until something else recomputes it
-        }
+extent own_hit_extent(const node& at, int hit_mode, ID2D1Geometry* clip_geometry, const extent& content) {
+    if (hit_mode == node::hit_solid) return {true, maximal_rect};
+    if (hit_mode != node::hit_by_content) return {};
+    if (clip_geometry) {
+        extent shape{true, {}};
+        com::check(clip_geometry->GetBounds(&identity_matrix, &shape.rect));
+        return shape;
     }
+    if (content.valid) return content;
+    return at.hit_extent();  // kept: a node that is emptied keeps its hit area until something else recomputes it
+}
+
+void store_own_hit_bounds(node& at, const extent& own) noexcept {
     set_flag(at, node::has_hit_bounds, own.valid);
     at.hit_bounds = own.rect;
 }

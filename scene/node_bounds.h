@@ -54,8 +54,11 @@ void propagate_transform_change(node& child, const contribution& before);
 /// The subtree rectangle of `at` once its own content becomes `content`.
 [[nodiscard]] extent subtree_extent_with(const node& at, const extent& content);
 
-/// Recomputes what `at` itself is hit on from its mode, clip geometry and recording. Throws `com::error`.
-void update_own_hit_bounds(node& at);
+/// What `at` itself is hit on with this mode, clip geometry and recording. Throws `com::error`, ahead of any
+/// change.
+[[nodiscard]] extent own_hit_extent(const node& at, int hit_mode, ID2D1Geometry* clip_geometry,
+                                    const extent& content);
+void store_own_hit_bounds(node& at, const extent& own) noexcept;
 
 /// Brings the subtree hit rectangle of `at` up to date behind a change of its own part.
 void update_subtree_hit_bounds(node& at, const extent& own_before);

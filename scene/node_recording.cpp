@@ -59,6 +59,9 @@ void node::install_recording(command_list&& new_background, command_list&& new_f
         for (command& recorded : new_background) bind_resource(recorded, shown ? view : nullptr);
         for (command& recorded : new_foreground) bind_resource(recorded, shown ? view : nullptr);
     }
+    const bool has_commands = !new_foreground.empty() || !new_background.empty();
+    const extent content{has_commands, has_commands ? bounds : D2D_RECT_F{}};
+    const extent own_hit = own_hit_extent(*this, hit_mode, clip_geometry.get(), content);
     if (shown && (content_flags & has_content)) view->invalidate(*this, false);
 
     IVisual::ISite* const site = visual_site(*this);
@@ -74,8 +77,6 @@ void node::install_recording(command_list&& new_background, command_list&& new_f
     const reach before = reach_of(*this);
     const extent hit_before = hit_extent();
     const bool was_animated = (content_flags & animated_bits) != 0;
-    const bool has_commands = !foreground.empty() || !background.empty();
-    const extent content{has_commands, has_commands ? bounds : D2D_RECT_F{}};
     const extent subtree = subtree_extent_with(*this, content);
     const bool changed = differs(subtree, before.bounds);
     content_bounds = content.rect;
@@ -84,7 +85,7 @@ void node::install_recording(command_list&& new_background, command_list&& new_f
         kept | (content.valid ? has_content : 0) | (subtree.valid ? has_subtree_bounds : 0) |
         (animated ? content_animated : 0) | (animated_children > 0 ? children_animated : 0));
     subtree_bounds = subtree.rect;
-    update_own_hit_bounds(*this);
+    store_own_hit_bounds(*this, own_hit);
     update_subtree_hit_bounds(*this, hit_before);
 
     if (parent) {

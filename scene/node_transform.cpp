@@ -26,13 +26,14 @@ bool is_finite(const D2D_MATRIX_3X2_F& m) noexcept {
 /// The inverse of a matrix for a node. Throws `std::logic_error` when there is none.
 D2D_MATRIX_3X2_F inverse_of(const D2D_MATRIX_3X2_F& matrix) {
     if (!is_finite(matrix)) throw std::logic_error("invalid transform received by d2d::scene::INode");
-    // Without a negative zero, so that the opposite movement is recognized byte for byte.
+    // No negative zeros, here and below, so that the opposite movement is recognized byte for byte.
     if (is_translation(matrix)) return translation_matrix(0 - matrix._31, 0 - matrix._32);
     D2D_MATRIX_3X2_F inverse = matrix;
     if (!D2D1InvertMatrix(&inverse)) {
         throw std::logic_error("unable to invert transform received by d2d::scene::INode");
     }
-    return inverse;
+    return {{{inverse._11 + 0, inverse._12 + 0, inverse._21 + 0, inverse._22 + 0, inverse._31 + 0,
+              inverse._32 + 0}}};
 }
 
 /// The nodes from a root down to a node.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "com/count_word.h"
 #include "com/object.h"
 #include "d2d/scene/IAnimation.h"
 #include "scene/testing/fake_geometry.h"
@@ -8,6 +9,9 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <stdexcept>
+#include <string>
+#include <typeinfo>
 #include <utility>
 
 namespace d2d::scene::fakes {
@@ -93,6 +97,23 @@ private:
     std::deque<fake_geometry> geometries;
     std::size_t reusable = 0;
 };
+
+/// How many strong references an object has.
+[[nodiscard]] inline unsigned long references(IUnknown* object) {
+    object->AddRef();
+    return object->Release() & com::count_word::strong_mask;
+}
+
+/// What a call throws: the exception's text, or "nothing". Of another type than `Exception`: passes on.
+template <class Exception = std::logic_error, class Call>
+[[nodiscard]] std::string thrown_by(Call&& call) {
+    try {
+        call();
+    } catch (const Exception& thrown) {
+        return typeid(thrown) == typeid(Exception) ? thrown.what() : "another exception";
+    }
+    return "nothing";
+}
 
 /// Tells whether two rectangles have the same edges, in words that name both.
 [[nodiscard]] inline testing::AssertionResult same(const D2D_RECT_F& expected, const D2D_RECT_F& actual) {
