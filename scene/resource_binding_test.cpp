@@ -275,7 +275,7 @@ TEST_F(resource_binding_test, a_device_object_that_cannot_be_made_fails_the_draw
     EXPECT_EQ(1, first_target.live_brushes());
 }
 
-TEST_F(resource_binding_test, a_node_that_fails_midway_keeps_the_bindings_it_has) {
+TEST_F(resource_binding_test, a_target_that_fails_midway_is_left_with_no_bindings) {
     shown_view view(nullptr);
     const auto root = create_node();
     {
@@ -287,7 +287,8 @@ TEST_F(resource_binding_test, a_node_that_fails_midway_keeps_the_bindings_it_has
     view->set_root(root);
     first_target.fail_creations_after(2, E_FAIL);
     EXPECT_THROW(view.replace_target(&first_target), com::error);
-    EXPECT_EQ(2, first_target.live_brushes());
+    EXPECT_EQ(2, first_target.created_brushes());
+    EXPECT_EQ(0, first_target.live_brushes());
 }
 
 struct foreign_brush : com::base_object<com::object_base, IBrush> {};
