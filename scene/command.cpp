@@ -36,9 +36,7 @@ void bind_command(command& recorded, view& shown_in) {
 void bind_resource(command& recorded, view* shown_in) {
     std::visit(overloaded{
                    [](visual_command&) {},
-                   [&](auto& it) {
-                       it.binding = shown_in ? resource_of(it)->bind_typed(shown_in) : nullptr;
-                   },
+                   [&](auto& it) { it.binding = shown_in ? resource_of(it)->bind_typed(shown_in) : nullptr; },
                },
                recorded);
 }
@@ -57,27 +55,39 @@ void update_command(command& recorded, double time) {
                        if (it.visual->get_animation()) it.visual->animate(time);
                    },
                    [](bitmap_command&) {},
-                   [&](auto& it) { it.binding->update(time); },
+                   [&](auto& it) {
+                       if (it.binding) it.binding->update(time);
+                   },
                },
                recorded);
 }
 
+namespace {
+
+void replay(const bitmap_command& it, ID2D1RenderTarget* target) {
+    target->DrawBitmap(it.binding->get(), &it.destination, it.opacity, it.mode, &it.source);
+}
+
+void replay(const stroke_command& it, ID2D1RenderTarget* target) {
+    target->DrawGeometry(it.geometry.get(), it.binding->get(), it.width, it.style.get());
+}
+
+void replay(const fill_command& it, ID2D1RenderTarget* target) {
+    target->FillGeometry(it.geometry.get(), it.binding->get(), nullptr);
+}
+
+void replay(const text_command& it, ID2D1RenderTarget* target) {
+    target->DrawTextLayout(it.origin, it.layout.get(), it.binding->get(), it.options);
+}
+
+}  // namespace
+
 void replay_command(const command& recorded, ID2D1RenderTarget* target) {
     std::visit(overloaded{
-                   [&](const bitmap_command& it) {
-                       target->DrawBitmap(it.binding->get(), &it.destination, it.opacity, it.mode,
-                                          &it.source);
-                   },
-                   [&](const stroke_command& it) {
-                       target->DrawGeometry(it.geometry.get(), it.binding->get(), it.width, it.style.get());
-                   },
-                   [&](const fill_command& it) {
-                       target->FillGeometry(it.geometry.get(), it.binding->get(), nullptr);
-                   },
-                   [&](const text_command& it) {
-                       target->DrawTextLayout(it.origin, it.layout.get(), it.binding->get(), it.options);
-                   },
                    [&](const visual_command& it) { it.visual->render(target); },
+                   [&](const auto& it) {
+                       if (it.binding) replay(it, target);
+                   },
                },
                recorded);
 }

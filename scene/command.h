@@ -67,7 +67,7 @@ void bind_resource(command& recorded, view* shown_in);
 void release_command(command& recorded, view& shown_in);
 /// Brings what is animated in a command to the frame's time.
 void update_command(command& recorded, double time);
-/// Paints a command.
+/// Paints a command; one whose resource could not be bound is left out.
 void replay_command(const command& recorded, ID2D1RenderTarget* target);
 /// Whether a command covers a point of the node, within `tolerance` pixels.
 [[nodiscard]] bool command_contains(const command& recorded, D2D_POINT_2F point, float tolerance);

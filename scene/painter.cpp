@@ -30,7 +30,7 @@ bool painter::enter(node& at) {
         target->PushAxisAlignedClip(&at.clip_rect, D2D1_ANTIALIAS_MODE_PER_PRIMITIVE);
     }
     if (!at.background.empty()) {
-        if (at.effect) {
+        if (at.effect_binding) {
             replay_through_effect(at);
         } else {
             replay(at.background);

@@ -275,7 +275,7 @@ TEST_F(resource_binding_test, a_device_object_that_cannot_be_made_fails_the_draw
     EXPECT_EQ(1, first_target.live_brushes());
 }
 
-TEST_F(resource_binding_test, a_target_that_fails_midway_is_left_with_no_bindings) {
+TEST_F(resource_binding_test, a_target_that_fails_midway_keeps_the_bindings_that_were_made) {
     shown_view view(nullptr);
     const auto root = create_node();
     {
@@ -288,6 +288,8 @@ TEST_F(resource_binding_test, a_target_that_fails_midway_is_left_with_no_binding
     first_target.fail_creations_after(2, E_FAIL);
     EXPECT_THROW(view.replace_target(&first_target), com::error);
     EXPECT_EQ(2, first_target.created_brushes());
+    EXPECT_EQ(2, first_target.live_brushes());
+    view.replace_target(nullptr);
     EXPECT_EQ(0, first_target.live_brushes());
 }
 

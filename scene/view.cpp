@@ -41,31 +41,21 @@ void view::detach_site(ISite*) {
 void view::attach_render_target(ID2D1RenderTarget* target) {
     render_target = target;
     attachment = target ? ++attachments : 0;
-    // A target on which not everything can be bound is not attached: no paint meets half a binding.
-    struct guard {
-        view* failed;
-        ~guard() {
-            if (failed) failed->drop_target();
-        }
-    } unwinding{this};
+    // What cannot be bound throws; what was bound stays, and is painted.
     if (root) walk_parents_first(*root, [](node& at) { at.bind_recording(); });
-    unwinding.failed = nullptr;
     if (clock_running && site) site->set_animation_clock(0.0, clock_interval);
 }
 
 void view::detach_render_target(ID2D1RenderTarget*) {
     // The flag stays: the next target starts the clock again.
     if (clock_running && site) site->set_animation_clock(0.0, 0.0);
-    drop_target();
-}
-
-void view::drop_target() {
     if (root) walk_parents_first(*root, [](node& at) { at.release_recording(); });
     attachment = 0;
     render_target.reset();
 }
 
 bool view::render(D2D_RECT_F, D2D_MATRIX_3X2_F transform) {
+    if (!render_target) return false;
     const double time = site ? site->get_current_time() : 0.0;
     render_target->SetTransform(&transform);
     if (root) painter(render_target.get(), transform, time).paint(*root);

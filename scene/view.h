@@ -96,7 +96,6 @@ private:
     static constexpr double clock_interval = static_cast<double>(0.05f);
 
     [[nodiscard]] bool needs_clock() const noexcept;
-    void drop_target();
     void forget(node& leaving);
     void update_hover(const hit_path& path, std::uint32_t flags);
     void hover_over(const hit_path& path, std::uint32_t flags);

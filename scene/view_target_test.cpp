@@ -88,26 +88,52 @@ TEST_F(view_target, one_resource_has_a_device_object_in_each_view) {
     other_edge->detach_render_target(&other_target);
 }
 
-/// Wherever the failure is: the view is without a target then, and takes one later.
-TEST_F(view_target, that_cannot_make_all_device_objects_is_not_attached) {
+TEST_F(view_target, that_cannot_make_all_device_objects_keeps_those_made_and_is_painted_without_the_others) {
     const auto child = create_node();
     fill(root, {0, 0, 10, 10}, red);
     fill(child, {0, 0, 10, 10}, blue);
     root->add_child(child);
     view->set_root(root);
-    for (int made = 0; made < 2; ++made) {
-        target.fail_creations_after(made, E_OUTOFMEMORY);
-        EXPECT_THROW(edge->attach_render_target(&target), com::error);
-        EXPECT_EQ(0, target.live_brushes());
-        EXPECT_EQ(0u, target.references());
-        fill(root, {0, 0, 10, 10}, red);
-        EXPECT_EQ(lines{}, site.take_calls());
-    }
+    target.fail_creations_after(1, E_OUTOFMEMORY);
+    EXPECT_THROW(edge->attach_render_target(&target), com::error);
+    EXPECT_EQ(1, target.live_brushes());
+    EXPECT_EQ((lines{"SetTransform 1 0 0 1 0 0", "FillGeometry rectangle(0 0 10 10) brush(1 0 0 1)"}),
+              painted());
+
+    edge->detach_render_target(&target);
+    EXPECT_EQ(0, target.live_brushes());
     target.fail_creations_after(0, S_OK);
     edge->attach_render_target(&target);
     EXPECT_EQ((lines{"SetTransform 1 0 0 1 0 0", "FillGeometry rectangle(0 0 10 10) brush(1 0 0 1)",
                      "FillGeometry rectangle(0 0 10 10) brush(0 0 1 1)"}),
               painted());
+}
+
+TEST_F(view_target, a_subtree_that_cannot_be_bound_is_in_the_view_all_the_same_and_can_be_taken_out) {
+    edge->attach_render_target(&target);
+    view->set_root(root);
+    const auto group = create_node();
+    const auto leaf = create_node();
+    fill(group, {0, 0, 10, 10}, red);
+    fill(leaf, {0, 0, 10, 10}, blue);
+    group->add_child(leaf);
+    target.fail_creations_after(0, E_OUTOFMEMORY);
+    EXPECT_THROW(root->add_child(group), com::error);
+    EXPECT_EQ(lines{"SetTransform 1 0 0 1 0 0"}, painted());
+    EXPECT_EQ(root, leaf->get_parent()->get_parent());
+    EXPECT_THROW(leaf->set_hit_mode(INode::hit_solid), std::logic_error);  // in a view
+    EXPECT_TRUE(root->remove_child(group));
+    EXPECT_NO_THROW(leaf->set_hit_mode(INode::hit_solid));
+
+    target.fail_creations_after(0, S_OK);
+    root->add_child(group);
+    EXPECT_EQ(2, target.live_brushes());
+}
+
+TEST_F(view_target, a_view_without_a_target_paints_nothing) {
+    view->set_root(root);
+    fill(root, {0, 0, 10, 10}, red);
+    EXPECT_FALSE(edge->render({0, 0, 10, 10}, {{{1, 0, 0, 1, 0, 0}}}));
 }
 
 TEST_F(view_target, the_binding_context_binds_resources_for_visuals) {

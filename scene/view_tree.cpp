@@ -12,10 +12,19 @@
 namespace d2d::scene {
 
 void view::enter(node& top) {
+    // When something cannot be bound the subtree is in the view all the same, whole.
+    struct guard {
+        view* shown_in;
+        node* pending;
+        ~guard() {
+            if (pending) walk_parents_first(*pending, [this](node& at) { at.view = shown_in; });
+        }
+    } unwinding{this, &top};
     walk_parents_first(top, [this](node& at) {
         at.view = this;
         if (render_target) at.bind_recording();
     });
+    unwinding.pending = nullptr;
     if (render_target) invalidate(top, true);
     update_clock();
 }

@@ -31,7 +31,7 @@ struct IVisual : IUnknown {
     virtual void detach(ISite* site) = 0;
     /// Engaged when the visual is animated: it is asked to `animate` ahead of each paint then.
     virtual std::optional<animation> get_animation() = 0;
-    /// Paint now. The target's transform is the node's.
+    /// Paint now. The target's transform is the node's. Must not change the tree.
     virtual void render(ID2D1RenderTarget* target) = 0;
     /// Whether the visual covers a point, with a tolerance in pixels.
     virtual bool hit_test(float x, float y, float tolerance) = 0;
