@@ -99,7 +99,7 @@ private:
     void forget(node& leaving);
     void update_hover(const hit_path& path, std::uint32_t flags);
     void hover_over(const hit_path& path, std::uint32_t flags);
-    void end_hover(std::uint32_t flags);
+    void end_hover(node& former, std::uint32_t flags);
 
     [[no_unique_address]] factory graphics;
     // Released in the opposite order: kept, the focus goes first and the target last.

@@ -56,7 +56,10 @@ mouse_event plain_event(std::int32_t type, std::uint32_t flags) noexcept {
 void view::on_mouse_event(input::mouse::event event) {
     const com::ptr<view> keep = this;
     if (event.type == event_type::leave) return update_hover({}, event.flags);
-    if (event.type == event_type::hover_end) return end_hover(event.flags);
+    if (event.type == event_type::hover_end) {
+        if (hover_target) end_hover(*hover_target, event.flags);
+        return;
+    }
     last_point = event.position;
     last_modifiers = event.flags;
     hit_path path;
@@ -105,14 +108,12 @@ void view::hover_over(const hit_path& path, std::uint32_t flags) {
     route_mouse_event(path, plain_event(event_type::hover, flags));
 }
 
-/// The mouse rests no longer over the hover target.
-void view::end_hover(std::uint32_t flags) {
-    if (!hover_target) return;
-    const node_chain chain(*hover_target);
-    const com::ptr<node> target = hover_target;
+/// The mouse rests no longer over a node.
+void view::end_hover(node& former, std::uint32_t flags) {
+    const node_chain chain(former);
     const mouse_event event = plain_event(event_type::hover_end, flags);
     static_cast<void>(
-        chain.route([&](node& at, int depth) { return call_mouse_handlers(at, *target, depth, event); }));
+        chain.route([&](node& at, int depth) { return call_mouse_handlers(at, chain[0], depth, event); }));
 }
 
 HCURSOR view::get_cursor(D2D_POINT_2F point) {

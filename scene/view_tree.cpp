@@ -8,6 +8,7 @@
 #include "scene/view.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace d2d::scene {
 
@@ -34,8 +35,9 @@ view::removal view::leave(node& top) {
     removal result{shown_in};
     if (shown_in->hover_target && top.is_above(*shown_in->hover_target)) {
         result.hover_target_inside = true;
-        shown_in->end_hover(shown_in->last_modifiers);
-        shown_in->hover_target.reset();
+        const com::ptr<node> former = std::exchange(shown_in->hover_target, nullptr);
+        shown_in->end_hover(*former, shown_in->last_modifiers);
+        if (top.view != shown_in) return result;  // a handler has taken it out already
     }
     const auto& path = shown_in->hover_path;
     result.on_hover_path = std::any_of(path.begin(), path.end(), [&](const auto& at) { return at == &top; });

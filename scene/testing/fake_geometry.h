@@ -6,8 +6,8 @@
 
 namespace d2d::scene::fakes {
 
-/// A geometry that has what a test says: bounds, or a failure to tell them. Its area and its stroke are
-/// empty.
+/// A geometry that has what a test says: bounds, or a failure to tell them. Its area is empty, or all of its
+/// bounds; its stroke is empty.
 ///
 /// Stands on the stack of a test: it is not destroyed by its count, and has to outlive whoever uses it.
 class fake_geometry final : public ID2D1Geometry {
@@ -18,6 +18,7 @@ public:
 
     D2D_RECT_F bounds;
     D2D_RECT_F widened_bounds;
+    bool filled = false;  ///< whether it contains the points inside its bounds
     /// What `GetBounds` and `GetWidenedBounds` answer; a failure leaves the rectangle unwritten.
     HRESULT result = S_OK;
 
@@ -64,10 +65,13 @@ public:
         *contains = FALSE;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE FillContainsPoint(D2D1_POINT_2F, const D2D1_MATRIX_3X2_F*, FLOAT,
-                                                BOOL* contains) const override {
-        *contains = FALSE;
-        return S_OK;
+    HRESULT STDMETHODCALLTYPE FillContainsPoint(D2D1_POINT_2F point, const D2D1_MATRIX_3X2_F* matrix,
+                                                FLOAT tolerance, BOOL* contains) const override {
+        got_matrix = matrix != nullptr;
+        got_tolerance = tolerance;
+        *contains = filled && bounds.left <= point.x && point.x <= bounds.right && bounds.top <= point.y &&
+                    point.y <= bounds.bottom;
+        return result;
     }
     HRESULT STDMETHODCALLTYPE CompareWithGeometry(ID2D1Geometry*, const D2D1_MATRIX_3X2_F*, FLOAT,
                                                   D2D1_GEOMETRY_RELATION*) const override {

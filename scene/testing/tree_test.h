@@ -79,7 +79,9 @@ protected:
             return &geometries[reusable++];
         }
         if (geometries.size() > 1000) reusable = 0;
-        return &geometries.emplace_back(bounds);
+        auto& made = geometries.emplace_back(bounds);
+        made.filled = true;
+        return &made;
     }
 
     [[nodiscard]] lines calls() { return site.take_calls(); }
