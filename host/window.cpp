@@ -17,7 +17,8 @@ std::optional<long> window::on_window_message(MSG message) {
             on_size(LOWORD(message.lParam), HIWORD(message.lParam));
             break;
         case WM_PAINT:
-            on_paint();
+            // The default treatment would validate what a lost target has just made invalid.
+            if (!on_paint()) return 0;
             break;
         case WM_DESTROY:
             on_destroy();

@@ -10,15 +10,17 @@ namespace d2d {
 
 using win32::scope_exit;
 
-void window::on_paint() {
+/// False when the target was lost.
+bool window::on_paint() {
     ID2D1DeviceContext* const context = graphics::d2d_context;
     const scope_exit forget_target([&] { context->SetTarget(nullptr); });
     start_target(context);
     if (paint_frame(context) == static_cast<HRESULT>(D2DERR_RECREATE_TARGET)) {
         lose_target(context);
-    } else {
-        ValidateRect(get_window_handle(), nullptr);
+        return false;
     }
+    ValidateRect(get_window_handle(), nullptr);
+    return true;
 }
 
 void window::start_target(ID2D1DeviceContext* context) {

@@ -84,6 +84,10 @@ protected:
         test_support::pump_until_idle();
         shown.calls.clear();
     }
+    /// Exactly one paint, which what it throws comes out of.
+    static void paint(const d2d::window& painted) {
+        SendMessageW(painted.get_window_handle(), WM_PAINT, 0, 0);
+    }
     static bool needs_paint(const d2d::window& asked) {
         return GetUpdateRect(asked.get_window_handle(), nullptr, FALSE) != FALSE;
     }
@@ -98,7 +102,7 @@ TEST_F(d2d_window, takes_its_target_with_the_first_paint) {
     EXPECT_EQ(200u, shown.render_target_size().width);
     EXPECT_EQ(100u, shown.render_target_size().height);
     ShowWindow(shown.get_window_handle(), SW_SHOWNA);
-    UpdateWindow(shown.get_window_handle());
+    paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("acquire", "acquire size 0 200 100", "render 0 0 200 100"));
     EXPECT_FALSE(needs_paint(shown));
     EXPECT_FALSE(shared_context_has_target());
@@ -129,7 +133,7 @@ TEST_F(d2d_window, paints_what_is_invalid_clipped_and_with_its_target) {
     };
     const RECT part{10, 20, 30, 40};
     InvalidateRect(shown.get_window_handle(), &part, FALSE);
-    UpdateWindow(shown.get_window_handle());
+    paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("render 10 20 30 40"));
     EXPECT_FALSE(shared_context_has_target());
     shown.destroy_window();
@@ -142,7 +146,7 @@ TEST_F(d2d_window, another_size_renews_what_depends_on_it_and_paints) {
     SetWindowPos(shown.get_window_handle(), nullptr, 0, 0, 150, 120,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     EXPECT_TRUE(needs_paint(shown));
-    UpdateWindow(shown.get_window_handle());
+    paint(shown);
     EXPECT_THAT(shown.take_calls(),
                 ElementsAre("release size 1 200 100", "acquire size 1 150 120", "render 0 0 150 120"));
     EXPECT_EQ(150u, shown.render_target_size().width);
@@ -177,14 +181,14 @@ TEST_F(d2d_window, what_render_throws_leaves_no_open_draw_and_no_target) {
     fakes::patched_end_draw ended(graphics::d2d_context);
     shown.on_render = [](ID2D1RenderTarget*) { throw std::runtime_error("no paint today"); };
     InvalidateRect(shown.get_window_handle(), nullptr, FALSE);
-    EXPECT_THROW(UpdateWindow(shown.get_window_handle()), std::runtime_error);
+    EXPECT_THROW(paint(shown), std::runtime_error);
     EXPECT_EQ(1, ended.calls);
     EXPECT_FALSE(shared_context_has_target());
     EXPECT_TRUE(needs_paint(shown));
 
     shown.on_render = nullptr;
     shown.calls.clear();
-    UpdateWindow(shown.get_window_handle());
+    paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("render 0 0 200 100"));
     EXPECT_EQ(0xFF32CD32u, test_support::grab_client_area(shown.get_window_handle()).at(100, 50));
     shown.destroy_window();
@@ -199,7 +203,7 @@ TEST_F(d2d_window, a_failed_resource_leaves_the_shared_context_without_a_target)
     failing shown;
     open(shown);
     ShowWindow(shown.get_window_handle(), SW_SHOWNA);
-    EXPECT_THROW(UpdateWindow(shown.get_window_handle()), std::runtime_error);
+    EXPECT_THROW(paint(shown), std::runtime_error);
     EXPECT_FALSE(shared_context_has_target());
     shown.destroy_window();
 }
@@ -212,11 +216,11 @@ TEST_F(d2d_window, a_lost_target_is_given_up_and_made_anew_with_the_paint_that_f
     lossy.next_result = static_cast<HRESULT>(D2DERR_RECREATE_TARGET);
     const RECT part{10, 20, 30, 40};
     InvalidateRect(shown.get_window_handle(), &part, FALSE);
-    UpdateWindow(shown.get_window_handle());
+    paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("render 10 20 30 40", "release size 0 200 100", "release"));
     EXPECT_FALSE(shared_context_has_target());
     EXPECT_TRUE(needs_paint(shown));
-    UpdateWindow(shown.get_window_handle());
+    paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("acquire", "acquire size 0 200 100", "render 0 0 200 100"));
     EXPECT_FALSE(needs_paint(shown));
     EXPECT_EQ(0xFF32CD32u, test_support::grab_client_area(shown.get_window_handle()).at(100, 50));
@@ -230,7 +234,7 @@ TEST_F(d2d_window, another_failure_of_the_drawing_is_passed_over) {
     fakes::patched_end_draw failing(graphics::d2d_context);
     failing.next_result = E_FAIL;
     InvalidateRect(shown.get_window_handle(), nullptr, FALSE);
-    UpdateWindow(shown.get_window_handle());
+    paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("render 0 0 200 100"));
     EXPECT_FALSE(needs_paint(shown));
     shown.destroy_window();

@@ -23,7 +23,8 @@ public:
     /// Lets go of the render target, and destroys the native window if that is still there.
     ~window();
 
-    /// Acts on creation, size, paint and destruction, and always leaves the message to the default treatment.
+    /// Acts on creation, size, paint and destruction, and leaves the message to the default treatment; only a
+    /// paint that has lost the target is answered, since the default treatment would validate the window.
     /// Throws `com::error` when the render target cannot be made. What `render` throws passes on, with the
     /// drawing ended and the shared context without a target.
     std::optional<long> on_window_message(MSG message) override;
@@ -60,7 +61,7 @@ protected:
 private:
     void on_create();
     void on_size(UINT new_width, UINT new_height);
-    void on_paint();
+    [[nodiscard]] bool on_paint();
     void on_destroy();
     void start_target(ID2D1DeviceContext* context);
     [[nodiscard]] HRESULT paint_frame(ID2D1DeviceContext* context);

@@ -25,17 +25,19 @@ BOOL CALLBACK count_child(HWND, LPARAM count) {
     return TRUE;
 }
 
-// The system adds an input method window to a thread's first window, and removes it with the last.
-bool is_input_method_window(HWND window) {
-    std::array<wchar_t, 8> name{};
-    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    return std::wstring_view(name.data()) == L"IME";
+// The system adds an input method window to a thread's first window, and removes it with the last; Wine's
+// Direct3D keeps a window of its own from a device's first drawing on.
+bool is_window_of_the_system(HWND window) {
+    std::array<wchar_t, 16> buffer{};
+    GetClassNameW(window, buffer.data(), static_cast<int>(buffer.size()));
+    const std::wstring_view name(buffer.data());
+    return name == L"IME" || name == L"WineD3D_OpenGL";
 }
 
 BOOL CALLBACK count_own_window(HWND window, LPARAM count) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    if (process == GetCurrentProcessId() && !is_input_method_window(window)) {
+    if (process == GetCurrentProcessId() && !is_window_of_the_system(window)) {
         ++*reinterpret_cast<unsigned*>(count);
         EnumChildWindows(window, &count_child, count);
     }

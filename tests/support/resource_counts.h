@@ -7,7 +7,7 @@ namespace test_support {
 
 /// What this process holds of the system's objects.
 struct resource_counts {
-    unsigned windows = 0;      ///< with the child windows, without those of input methods
+    unsigned windows = 0;      ///< with the child windows, without those that the system adds
     unsigned gdi_objects = 0;  ///< Wine spends a few on each window of its own accord
     unsigned handles = 0;      ///< kernel handles
 
