@@ -14,6 +14,7 @@ int main(int count, char** arguments) {
         bench::select({arguments + 1, arguments + count});
         bench::run_memory_workload();  // first: while the heap has no gaps to fill
         bench::run_object_workloads();
+        bench::run_path_workload();
         bench::run_scene_workloads();
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "bench: %s\n", failure.what());

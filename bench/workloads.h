@@ -6,6 +6,8 @@ namespace bench {
 void run_object_workloads();
 /// Building, changing and painting a scene.
 void run_scene_workloads();
+/// Reading path data.
+void run_path_workload();
 /// Bytes per node.
 void run_memory_workload();
 

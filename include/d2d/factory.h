@@ -76,6 +76,23 @@ public:
                                                                         D2D1_CAP_STYLE cap,
                                                                         D2D1_LINE_JOIN join,
                                                                         float miter_limit, float dash_offset);
+
+    /// A geometry from the text of an SVG path's `d` attribute, its points multiplied by `transform`. All
+    /// arithmetic is in single precision, ahead of the transform. The text is ASCII and need not be
+    /// terminated; an empty text gives an empty geometry.
+    ///
+    ///     const auto arrow = d2d::factory::parse_svg_path("M0 0h8l-4 5z", transform);
+    ///
+    /// Commands: `M L H V C S Q Z`, and in lower case with relative coordinates. Unlike in SVG, `Z` leaves
+    /// the current point where the last segment ended, `S` mirrors the second control point of the latest
+    /// `C` or `S` in the text and needs an open figure, `Q` is drawn as a cubic curve with both control
+    /// points the same, a comma counts as white space, and numbers have no exponent.
+    ///
+    /// Throws `std::runtime_error` "bad svg" for anything else, arcs (`A`) and smooth quadratic curves (`T`)
+    /// included, and `com::error` when the geometry cannot be made. Never returns when a `Z` is followed by
+    /// something other than a letter, as in "M0 0L1 1z 5": do not pass such text.
+    [[nodiscard]] static com::ptr<ID2D1PathGeometry> parse_svg_path(std::string_view path,
+                                                                    D2D_MATRIX_3X2_F transform);
 };
 
 }  // namespace d2d
