@@ -71,15 +71,16 @@ protected:
         return made;
     }
 
-    /// A shape that no other has; lives until the end of the test.
+    /// A filled shape; lives until the end of the test, and is used anew only long after everybody let go of it.
     fake_geometry* geometry(const D2D_RECT_F& bounds) {
-        for (; reusable < geometries.size(); ++reusable) {
-            if (geometries[reusable].references() > 0) continue;
-            geometries[reusable].bounds = geometries[reusable].widened_bounds = bounds;
-            return &geometries[reusable++];
+        constexpr std::size_t many = 1000;
+        for (std::size_t tried = 0; geometries.size() >= many && tried < geometries.size(); ++tried) {
+            fake_geometry& used = geometries[next_geometry++ % geometries.size()];
+            if (used.references() > 0) continue;
+            used.bounds = used.widened_bounds = bounds;
+            return &used;
         }
-        if (geometries.size() > 1000) reusable = 0;
-        auto& made = geometries.emplace_back(bounds);
+        fake_geometry& made = geometries.emplace_back(bounds);
         made.filled = true;
         return &made;
     }
@@ -97,7 +98,7 @@ private:
     }
 
     std::deque<fake_geometry> geometries;
-    std::size_t reusable = 0;
+    std::size_t next_geometry = 0;
 };
 
 /// How many strong references an object has.
