@@ -15,7 +15,9 @@ int main(int count, char** arguments) {
         bench::run_memory_workload();  // first: while the heap has no gaps to fill
         bench::run_object_workloads();
         bench::run_path_workload();
+        bench::run_layout_workload();
         bench::run_scene_workloads();
+        bench::run_input_workloads();
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "bench: %s\n", failure.what());
         return 1;

@@ -57,6 +57,7 @@ public:
 
     void show(com::ptr<d2d::scene::INode> root) { view->set_root(std::move(root)); }
     void paint();
+    [[nodiscard]] d2d::IViewLowerEdge& lower_edge() const { return *edge; }
 
 private:
     d2d::factory graphics;

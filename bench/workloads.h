@@ -6,8 +6,12 @@ namespace bench {
 void run_object_workloads();
 /// Building, changing and painting a scene.
 void run_scene_workloads();
+/// Hit tests, input routed to nodes, and ticks.
+void run_input_workloads();
 /// Reading path data.
 void run_path_workload();
+/// Placing elements in a row.
+void run_layout_workload();
 /// Bytes per node.
 void run_memory_workload();
 

@@ -1,5 +1,6 @@
 #include "scene/hit_path.h"
 
+#include "scene/hit_index.h"
 #include "scene/matrix.h"
 #include "scene/rectangle.h"
 
@@ -69,12 +70,16 @@ bool hit_path::search(node& at, D2D_POINT_2F origin, const D2D_MATRIX_3X2_F& out
     own.hit = result.hit;
     if (result.enter_children && search_children(at, origin, matrix)) return true;
     if (own.hit) return true;
-    own.at.reset();
     --count;
     return false;
 }
 
 bool hit_path::search_children(node& at, D2D_POINT_2F origin, const D2D_MATRIX_3X2_F& matrix) {
+    if (hit_index* const index = hit_index::for_test(at, origin, matrix)) {
+        return index->visit_candidates(map_point(origin, matrix), [&](std::size_t number) {
+            return search(*at.children[number], origin, matrix);
+        });
+    }
     for (std::size_t i = at.children.size(); i-- > 0;) {
         if (search(*at.children[i], origin, matrix)) return true;
     }

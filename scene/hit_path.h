@@ -8,12 +8,12 @@
 namespace d2d::scene {
 
 /// The way from a root to the node that is hit at a point, root first, with the point in each node's space.
-/// Keeps its nodes alive: handlers may change the tree. Lies on the stack, allocates nothing.
+/// Lies on the stack, allocates nothing. Its nodes are borrowed: see `kept_path`.
 class hit_path {
 public:
     struct entry {
         bool hit = false;
-        com::ptr<node> at;
+        node* at = nullptr;
         D2D_POINT_2F point{};
     };
 
@@ -35,6 +35,17 @@ private:
 
     std::array<entry, maximal_depth> entries;
     std::size_t count = 0;
+};
+
+/// Keeps the nodes of a path alive while handlers run, which may change the tree.
+class kept_path {
+public:
+    explicit kept_path(const hit_path& path) {
+        for (std::size_t i = 0; i < path.size(); ++i) nodes[i] = path[i].at;
+    }
+
+private:
+    std::array<com::ptr<node>, maximal_depth> nodes;
 };
 
 }  // namespace d2d::scene

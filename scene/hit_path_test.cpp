@@ -1,7 +1,7 @@
 // What is hit at a point.
 
-#include "com/error.h"
 #include "scene/hit_path.h"
+#include "com/error.h"
 #include "scene/testing/tree_test.h"
 
 #include <map>

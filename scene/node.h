@@ -8,8 +8,10 @@
 #include "scene/command.h"
 #include "scene/extent.h"
 #include "scene/handler_list.h"
+#include "scene/hit_index.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include <servprov.h>
@@ -169,6 +171,9 @@ public:
     com::ptr<IValueAnimation<D2D_MATRIX_3X2_F>> transform_animation;
     int animated_nodes = 0;          // chains of descendants with a transform animation
     unsigned animated_children = 0;  // children with one of `animated_bits`
+    std::unique_ptr<hit_index> child_index;  // made and dropped by itself
+    std::uint32_t number_in_parent = 0;      // while the parent has an index
+    bool tested_before = false;              // a hit test has missed an index
     D2D_RECT_F clip_rect{};
     handler_list handlers;
     key_function key_handler;

@@ -130,6 +130,7 @@ void climb(node& start, node_change change) {
         node* const above = at->parent;
         if (!above) return;
         count_animated(*above, *at);
+        if (!change.hit.none()) hit_index::child_changed(*above, *at);
         at = above;
     }
 }
@@ -151,6 +152,7 @@ node_change change_between(const contribution& before, const contribution& after
 
 void propagate_child_added(node& at, node& child) {
     count_animated(at, child);
+    hit_index::child_added(at, child);
     climb(at, change_between({}, contribution_of(child)));
 }
 
@@ -159,20 +161,24 @@ void propagate_child_removed(node& at, node& child) {
         child.animated_in_parent = false;
         --at.animated_children;
     }
+    hit_index::child_removed(at);
     climb(at, change_between(contribution_of(child), {}));
 }
 
 void propagate_child_change(node& at, node& child, const contribution& before) {
     count_animated(at, child);
+    hit_index::child_changed(at, child);
     climb(at, change_between(before, contribution_of(child)));
 }
 
 void propagate_reach_change(node& child, const reach& before) {
     count_animated(*child.parent, child);
+    hit_index::child_changed(*child.parent, child);
     climb(*child.parent, change_since(before, child));
 }
 
 void propagate_own_hit_change(node& at, const extent& before) {
+    if (at.parent) hit_index::child_changed(*at.parent, at);  // what it is hit by counts, too
     climb(at, {{}, {before, at.hit_extent()}});
 }
 
@@ -180,6 +186,7 @@ void propagate_transform_change(node& child, const contribution& before) {
     bool bounds_change = true;
     bool hit_change = true;
     node_change change = change_between(before, contribution_of(child));
+    if (child.parent) hit_index::child_changed(*child.parent, child);
     com::ptr<node> keep;  // lives until the next one is known
     for (node* at = child.parent; at && (bounds_change || hit_change); at = at->parent) {
         keep = kept_for_handlers(*at);
@@ -201,7 +208,10 @@ void propagate_transform_change(node& child, const contribution& before) {
         if (hit_change) {
             const extent total = next_hits(*at, change.hit, ask_all);
             hit_change = differs(total, at->subtree_hit_extent());
-            if (hit_change) store_hits(*at, total);
+            if (hit_change) {
+                store_hits(*at, total);
+                if (at->parent) hit_index::child_changed(*at->parent, *at);
+            }
         }
         if (whole && at->recompute) {
             recount_animated(*at);
@@ -226,7 +236,8 @@ extent own_hit_extent(const node& at, int hit_mode, ID2D1Geometry* clip_geometry
         return shape;
     }
     if (content.valid) return content;
-    return at.hit_extent();  // kept: a node that is emptied keeps its hit area until something else recomputes it
+    return at
+        .hit_extent();  // kept: a node that is emptied keeps its hit area until something else recomputes it
 }
 
 void store_own_hit_bounds(node& at, const extent& own) noexcept {

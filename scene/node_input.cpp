@@ -21,6 +21,7 @@ IViewLowerEdge::ISite& site_of(const node& at) {
 
 bool node::enumerate_hits(D2D_POINT_2F point, bool innermost_first, hit_function function) {
     const hit_path path = hit_path::below(*this, point);
+    const kept_path keep(path);
     for (std::size_t i = 0; i < path.size(); ++i) {
         const auto& entry = path[innermost_first ? path.size() - 1 - i : i];
         if (function(entry.at, entry.point)) return true;

@@ -115,6 +115,7 @@ void node::reset() noexcept {
         child->animated_in_parent = false;
     }
     children.clear();
+    child_index.reset();
 }
 
 void node::set_transform_animation(IValueAnimation<D2D_MATRIX_3X2_F>* animation) {

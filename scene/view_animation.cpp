@@ -3,10 +3,7 @@
 #include "com/object.h"
 #include "scene/extent.h"
 #include "scene/node.h"
-#include "scene/tree_walk.h"
 #include "scene/view.h"
-
-#include <array>
 
 namespace d2d::scene {
 namespace {
@@ -17,28 +14,25 @@ public:
     explicit animation_step(double now) noexcept : time(now) {}
 
     extent run(node& root) {
-        walk_tree<com::ptr<node>>(
-            root, [this](node& at) { return enter(at); }, [this](node&) { leave(); });
+        step(root, identity_matrix);
         return dirty;
     }
 
 private:
-    bool enter(node& at) {
-        saved[depth++] = matrix;
+    /// `outer` maps the space above the node to the root's. Handlers run in here, which may change the tree.
+    void step(node& at, const D2D_MATRIX_3X2_F& outer) {
+        if (!at.counts_as_animated() && !(at.content_flags & node::animated_bits)) return;
+        const com::ptr<node> keep = &at;
         if (const auto animation = at.transform_animation) at.set_transform(animation->get_value(time));
-        if (at.clip_flags & node::has_transform) matrix = multiply(at.transform, matrix);
+        const D2D_MATRIX_3X2_F matrix =
+            at.clip_flags & node::has_transform ? multiply(at.transform, outer) : outer;
         if (at.content_flags & node::content_animated) dirty.add(map_rect(at.content_bounds, matrix));
-        return (at.content_flags & node::children_animated) || at.animated_nodes >= 1;
+        if (!(at.content_flags & node::children_animated) && at.animated_nodes < 1) return;
+        for (std::size_t i = 0; i < at.children.size(); ++i) step(*at.children[i], matrix);
     }
-
-    // Whatever has become of the node's transform: handlers may have changed it.
-    void leave() noexcept { matrix = saved[--depth]; }
 
     double time;
     extent dirty;
-    D2D_MATRIX_3X2_F matrix = identity_matrix;
-    std::array<D2D_MATRIX_3X2_F, maximal_depth> saved;
-    std::size_t depth = 0;
 };
 
 }  // namespace

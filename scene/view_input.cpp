@@ -6,6 +6,7 @@
 #include "scene/node_chain.h"
 #include "scene/view.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -39,7 +40,15 @@ auto route(std::size_t count, Visit&& visit) -> decltype(visit(std::size_t{}, 0)
     return {};
 }
 
+/// Whether a node of a path has a handler: without one there is nothing to call, and nothing to keep.
+bool has_handlers(const hit_path& path) noexcept {
+    return std::any_of(path.begin(), path.end(),
+                       [](const auto& entry) { return !entry.at->handlers.empty(); });
+}
+
 void route_mouse_event(const hit_path& path, mouse_event event) {
+    if (!has_handlers(path)) return;
+    const kept_path keep(path);
     node& target = *path.back().at;
     static_cast<void>(route(path.size(), [&](std::size_t index, int depth) {
         event.position = path[index].point;
@@ -83,7 +92,8 @@ void view::update_hover(const hit_path& path, std::uint32_t flags) {
     // The new path is in place ahead of the calls: handlers that change the tree meet it, not the old one.
     node_path former = std::exchange(scratch_path, {});
     former.clear();
-    for (const auto& entry : path) former.push_back(entry.at);
+    for (const auto& entry : path) former.emplace_back(entry.at);
+    const kept_path keep(path);
     former.swap(hover_path);
     for (std::size_t k = former.size(); k-- > common;) {
         for (std::size_t i = k + 1; i-- > 0;) {
@@ -120,12 +130,13 @@ HCURSOR view::get_cursor(D2D_POINT_2F point) {
     if (!root) return nullptr;
     const com::ptr<view> keep = this;
     const hit_path path = hit_path::from_root(*root, point);
-    if (path.empty()) return nullptr;
+    if (!has_handlers(path)) return nullptr;
+    const kept_path keep_nodes(path);
     return route(path.size(), [&](std::size_t index, int depth) {
         return path[index].at->handlers.dispatch(
             handler_kind::cursor, handler_record::event_bits, [&](handler_record& record) {
                 const auto invoke = reinterpret_cast<INode::cursor_invoke*>(record.invoke);
-                return invoke(handler_list::functor_of(&record), path.back().at.get(), depth, {0, 0});
+                return invoke(handler_list::functor_of(&record), path.back().at, depth, {0, 0});
             });
     });
 }
