@@ -47,7 +47,7 @@ ATOM window::register_class() {
 
 void window::create_window(DWORD ex_style, const wchar_t* title, DWORD style, int x, int y, int width,
                            int height, HWND parent, HMENU menu) {
-    const std::type_index type = typeid(*this);
+    const std::type_info& type = typeid(*this);
     auto& table = window_class_table::instance();
     if (table.of(type).atom == 0) {
         const ATOM registered = register_class();

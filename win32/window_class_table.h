@@ -1,7 +1,7 @@
 #pragma once
 
 #include <map>
-#include <typeindex>
+#include <typeinfo>
 
 #include <windows.h>
 
@@ -19,15 +19,21 @@ public:
     [[nodiscard]] static window_class_table& instance();
 
     /// The record of a class; a new one is not registered.
-    [[nodiscard]] record& of(std::type_index type) { return records_[type]; }
+    [[nodiscard]] record& of(const std::type_info& type) { return records_[&type]; }
     /// The record of a class, or null.
-    [[nodiscard]] const record* find(std::type_index type) const;
+    [[nodiscard]] const record* find(const std::type_info& type) const;
 
     /// A window of the class is gone; with the last one the class is unregistered and its record goes.
-    void give_back(std::type_index type);
+    void give_back(const std::type_info& type);
 
 private:
-    std::map<std::type_index, record> records_;
+    /// By name, and types of one name by their place. `type_info::before` would do, but GCC's for Windows has
+    /// types without linkage both before and behind others.
+    struct in_order {
+        [[nodiscard]] bool operator()(const std::type_info* a, const std::type_info* b) const noexcept;
+    };
+
+    std::map<const std::type_info*, record, in_order> records_;
 };
 
 }  // namespace win32
