@@ -1,6 +1,7 @@
 // The modal loops of a host, fed with posted messages: they come in order, and the mouse stays where it is.
 
 #include "host/testing/host_fixture.h"
+#include "support/input.h"
 
 #include <functional>
 #include <string>
@@ -24,6 +25,8 @@ protected:
         window.emplace(WS_POPUP | WS_VISIBLE);
         window_layer->attach_hwnd(window->get(), nullptr);
         host->set_lower_edge(&edge);
+        test_support::move_mouse(window->get(), {50, 40});  // what the real one does stays in the room
+        edge.calls.clear();
         room_x = GetSystemMetrics(SM_CXDRAG);
         room_y = GetSystemMetrics(SM_CYDRAG);
     }
