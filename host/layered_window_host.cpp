@@ -70,4 +70,8 @@ void layered_window_host::set_upstream_service_provider(IServiceProvider* provid
     lower_edge_host->set_upstream_service_provider(provider);
 }
 
+void layered_window_host::set_origin(D2D_POINT_2F origin) {
+    lower_edge_host->set_origin(origin);
+}
+
 }  // namespace d2d

@@ -1,6 +1,7 @@
 #include "d2d/win32_scene_window.h"
 
 #include "d2d/IViewLowerEdge.h"
+#include "d2d/scene/IFloatingNode.h"
 
 namespace d2d {
 
@@ -18,6 +19,10 @@ win32_scene_window::~win32_scene_window() {
 std::optional<long> win32_scene_window::on_window_message(MSG message) {
     if (message.message == WM_CLOSE && on_close && !on_close()) return 0;
     const std::optional<long> result = win32_window_host::on_window_message(message);
+    if (message.message == WM_CREATE) {
+        install_service(com::guid_of<scene::IFloatingNode::IService>(),
+                        scene::create_floating_node_service(message.hwnd).get());
+    }
     if (message.message == WM_CREATE || message.message == WM_SIZE) update_size();
     return result;
 }

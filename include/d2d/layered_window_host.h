@@ -33,6 +33,10 @@ public:
     void uninstall_service(const GUID& id);
     void set_upstream_service_provider(IServiceProvider* provider);
 
+protected:
+    /// See `IViewLowerEdgeHost`.
+    void set_origin(D2D_POINT_2F origin);
+
 private:
     // Three faces of one object.
     com::ptr<IViewLowerEdgeHost> lower_edge_host;

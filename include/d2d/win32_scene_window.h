@@ -11,8 +11,9 @@
 
 namespace d2d {
 
-/// The ready-made main window: a view with a root node, a position that is remembered in the registry, and
-/// the message loop of a simple program.
+/// The ready-made main window: a view with a root node, from which nodes can be floated
+/// (`scene::IFloatingNode`), a position that is remembered in the registry, and the message loop of a simple
+/// program.
 ///
 ///     d2d::win32_scene_window window;
 ///     window.create_window(L"Title", WS_OVERLAPPEDWINDOW, nullptr, nullptr);
