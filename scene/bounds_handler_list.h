@@ -8,8 +8,8 @@
 namespace d2d::scene {
 
 /// The bounds handlers of a node, in the order of their adding. A handler may add and remove handlers, itself
-/// too, while they are being called: one that is added is called as well, one that is removed is not called any
-/// more, and is destroyed when the outermost call has ended.
+/// too, while they are being called: one that is added is called as well, one that is removed is not called
+/// any more, and is destroyed when the outermost call has ended.
 class bounds_handler_list {
 public:
     bounds_handler_list() noexcept = default;

@@ -54,18 +54,18 @@ TEST(extent, replaced_part_is_taken_in_without_asking_the_others_when_it_holds_n
         bool known;
         extent total;
     } const cases[] = {
-        {of(20, 20, 30, 30), of(40, 40, 50, 50), true, of(0, 0, 100, 100)},      // inside, stays inside
-        {of(20, 20, 30, 30), of(-5, 40, 50, 120), true, of(-5, 0, 100, 120)},    // inside, grows out
-        {of(20, 20, 30, 30), {}, true, of(0, 0, 100, 100)},                      // inside, goes
-        {{}, of(90, 90, 110, 95), true, of(0, 0, 110, 100)},                     // comes
-        {{}, {}, true, of(0, 0, 100, 100)},                                      // was never there
-        {of(0, 20, 30, 30), of(-1, 20, 30, 30), true, of(-1, 0, 100, 100)},      // holds an edge, grows
-        {of(0, 20, 30, 30), of(0, 25, 30, 26), true, of(0, 0, 100, 100)},        // holds it, keeps it
-        {of(0, 20, 30, 30), of(1, 20, 30, 30), false, {}},                       // left draws back
-        {of(20, 0, 30, 30), of(20, 1, 30, 30), false, {}},                       // top
-        {of(20, 20, 100, 30), of(20, 20, 99, 30), false, {}},                    // right
-        {of(20, 20, 30, 100), of(20, 20, 30, 99), false, {}},                    // bottom
-        {of(20, 20, 100, 30), {}, false, {}},                                    // holds an edge, goes
+        {of(20, 20, 30, 30), of(40, 40, 50, 50), true, of(0, 0, 100, 100)},    // inside, stays inside
+        {of(20, 20, 30, 30), of(-5, 40, 50, 120), true, of(-5, 0, 100, 120)},  // inside, grows out
+        {of(20, 20, 30, 30), {}, true, of(0, 0, 100, 100)},                    // inside, goes
+        {{}, of(90, 90, 110, 95), true, of(0, 0, 110, 100)},                   // comes
+        {{}, {}, true, of(0, 0, 100, 100)},                                    // was never there
+        {of(0, 20, 30, 30), of(-1, 20, 30, 30), true, of(-1, 0, 100, 100)},    // holds an edge, grows
+        {of(0, 20, 30, 30), of(0, 25, 30, 26), true, of(0, 0, 100, 100)},      // holds it, keeps it
+        {of(0, 20, 30, 30), of(1, 20, 30, 30), false, {}},                     // left draws back
+        {of(20, 0, 30, 30), of(20, 1, 30, 30), false, {}},                     // top
+        {of(20, 20, 100, 30), of(20, 20, 99, 30), false, {}},                  // right
+        {of(20, 20, 30, 100), of(20, 20, 30, 99), false, {}},                  // bottom
+        {of(20, 20, 100, 30), {}, false, {}},                                  // holds an edge, goes
         {of(0, 0, 100, 100), of(0, 0, 100, 100), true, of(0, 0, 100, 100)},
     };
     for (std::size_t i = 0; i < std::size(cases); ++i) {

@@ -103,8 +103,9 @@ TEST_F(handler_list_test, order_is_by_priority_and_then_by_coming) {
     add("lowest", -0x7fffffff - 1);
     add("highest", 0x7fffffff);
     add("minus again", -3);
-    EXPECT_EQ((names{"lowest", "minus", "minus again", "zero", "zero again", "five", "five again", "highest"}),
-              called());
+    EXPECT_EQ(
+        (names{"lowest", "minus", "minus again", "zero", "zero again", "five", "five again", "highest"}),
+        called());
 }
 
 TEST_F(handler_list_test, only_the_low_28_bits_of_a_mask_are_the_callers) {

@@ -139,7 +139,8 @@ TEST_F(node_bounds, handlers_are_told_from_the_parent_up_and_then_the_node_itsel
     const auto leaf = empty_below(middle);
     const auto aside = filled({0, 0, 1, 1}, root);
     middle->set_transform(translation_matrix(10, 0));
-    for (const auto& [of, name] : {std::pair{leaf, "leaf"}, {middle, "middle"}, {root, "root"}, {aside, "aside"}})
+    for (const auto& [of, name] :
+         {std::pair{leaf, "leaf"}, {middle, "middle"}, {root, "root"}, {aside, "aside"}})
         tell(of, name);
     tell(middle, "again");
     record(leaf, {0, 0, 5, 5});
@@ -189,9 +190,8 @@ TEST_F(node_bounds, handler_sees_its_node_with_the_new_bounds_and_those_above_wi
     const auto child = empty_below(root);
     const auto leaf = empty_below(child);
     std::string seen;
-    tell(child, "child", [&] {
-        seen = call_text(child->get_bounds(true)) + " in " + call_text(root->get_bounds(true));
-    });
+    tell(child, "child",
+         [&] { seen = call_text(child->get_bounds(true)) + " in " + call_text(root->get_bounds(true)); });
     record(leaf, {1, 2, 3, 4});
     EXPECT_EQ("1 2 3 4 in 0 0 0 0", seen);
 }
@@ -254,7 +254,8 @@ TEST_F(node_bounds, handler_may_move_the_node_that_it_is_on) {
     // A layout that keeps a group at the right of its parent.
     const auto group = empty_below(root);
     const auto leaf = empty_below(group);
-    tell(group, "group", [&] { group->set_transform(translation_matrix(100 - group->get_bounds(true).right, 0)); });
+    tell(group, "group",
+         [&] { group->set_transform(translation_matrix(100 - group->get_bounds(true).right, 0)); });
     for (const float width : {10.0f, 60.0f, 20.0f, 5.0f}) {
         record(leaf, {0, 0, width, 10});
         EXPECT_TRUE(same({100 - width, 0, 100, 10}, root->get_bounds(true)));

@@ -13,7 +13,8 @@ namespace {
 
 class node_damage : public fakes::tree_test {
 protected:
-    /// root (moved by 1000) > middle (doubled) > leaf (moved by 10), the last two with recordings; a free node.
+    /// root (moved by 1000) > middle (doubled) > leaf (moved by 10), the last two with recordings; a free
+    /// node.
     void SetUp() override {
         tree_test::SetUp();
         root->set_transform(translation_matrix(1000, 0));
@@ -41,21 +42,39 @@ TEST_F(node_damage, of_each_change_is_exactly_this) {
     } const cases[] = {
         {"user value", [&] { leaf->set_user_value(1); }, {}},
         {"user object", [&] { leaf->set_user_object(leaf.get()), leaf->set_user_object(nullptr); }, {}},
-        {"clip geometry", [&] { leaf->set_clip_geometry(geometry({0, 0, 9, 9})); }, {}},
-        {"clip rectangle", [&] { leaf->set_clip_rect({0, 0, 1, 1}); }, {}},
+        {"clip geometry",
+         [&] {
+             leaf->set_clip_geometry(geometry({0, 0, 9, 9}));
+         },
+         {}},
+        {"clip rectangle",
+         [&] {
+             leaf->set_clip_rect({0, 0, 1, 1});
+         },
+         {}},
         {"no clip rectangle", [&] { leaf->clear_clip_rect(); }, {}},
         {"open recording", [&] { static_cast<void>(leaf->draw(false)); }, {}},
         {"recording",
-         [&] { record(leaf, {1, 1, 2, 2}); },
+         [&] {
+             record(leaf, {1, 1, 2, 2});
+         },
          {"invalidate_rect 1020 20 1030 30", "invalidate_rect 1022 22 1024 24"}},
         {"same recording",
-         [&] { record(leaf, {1, 1, 2, 2}); },
+         [&] {
+             record(leaf, {1, 1, 2, 2});
+         },
          {"invalidate_rect 1022 22 1024 24", "invalidate_rect 1022 22 1024 24"}},
         {"empty recording", [&] { erase(leaf); }, {"invalidate_rect 1022 22 1024 24"}},
         {"empty recording again", [&] { erase(leaf); }, {}},
-        {"recording of the empty node", [&] { record(leaf, {0, 0, 5, 5}); }, {"invalidate_rect 1020 20 1030 30"}},
+        {"recording of the empty node",
+         [&] {
+             record(leaf, {0, 0, 5, 5});
+         },
+         {"invalidate_rect 1020 20 1030 30"}},
         {"recording of a parent, its children apart",
-         [&] { record(middle, {0, 0, 1, 1}); },
+         [&] {
+             record(middle, {0, 0, 1, 1});
+         },
          {"invalidate_rect 1000 0 1040 40", "invalidate_rect 1000 0 1002 2"}},
         {"first effect", [&] { leaf->set_effect(effect.get()); }, {"invalidate_rect 1020 20 1030 30"}},
         {"same effect", [&] { leaf->set_effect(effect.get()); }, {"invalidate_rect 1020 20 1030 30"}},
@@ -65,31 +84,39 @@ TEST_F(node_damage, of_each_change_is_exactly_this) {
         {"no effect", [&] { leaf->set_effect(nullptr); }, {"invalidate_rect 1020 20 1030 30"}},
         {"no effect again", [&] { leaf->set_effect(nullptr); }, {}},
         {"move of a parent, with its children",
-         [&] { middle->set_transform({{{2, 0, 0, 2, 3, 0}}}); },
+         [&] {
+             middle->set_transform({{{2, 0, 0, 2, 3, 0}}});
+         },
          {"invalidate_rect 1000 0 1030 30", "invalidate_rect 1003 0 1033 30"}},
         {"move of the root",
          [&] { root->set_transform(identity_matrix); },
          {"invalidate_rect 1003 0 1033 30", "invalidate_rect 3 0 33 30"}},
-        {"transform animation", [&] { leaf->set_transform_animation(still().get()); },
+        {"transform animation",
+         [&] { leaf->set_transform_animation(still().get()); },
          {"set_animation_clock 0 0.05000000074505806"}},
-        {"no transform animation", [&] { leaf->set_transform_animation(nullptr); }, {"set_animation_clock 0 0"}},
+        {"no transform animation",
+         [&] { leaf->set_transform_animation(nullptr); },
+         {"set_animation_clock 0 0"}},
         {"child", [&] { middle->add_child(loose); }, {"invalidate_rect 203 200 205 202"}},
         {"child gone", [&] { middle->remove_child(loose); }, {"invalidate_rect 203 200 205 202"}},
         {"no child", [&] { middle->remove_child(loose); }, {}},
         {"empty child", [&] { empty_below(leaf); }, {"invalidate_rect 23 20 23 20"}},
-        {"handlers", [&] {
+        {"handlers",
+         [&] {
              leaf->remove_bounds_handler(leaf->add_bounds_handler(nullptr));
              leaf->add_mouse_handler([](INode*, int, input::mouse::event) { return false; });
              leaf->set_key_handler(nullptr);
              leaf->set_focus_handler(true, nullptr);
-         }, {}},
+         },
+         {}},
         {"clear of a child", [&] { leaf->clear(); }, {"invalidate_rect 23 20 33 30"}},
         {"clear of what is empty", [&] { leaf->clear(); }, {}},
         {"clear of the root", [&] { root->clear(); }, {"invalidate_rect 3 0 5 2"}},
         {"no root", [&] { view->set_root(nullptr); }, {"invalidate_rect 0 0 0 0"}},
         {"root", [&] { view->set_root(loose); }, {"invalidate_rect 100 100 101 101"}},
         {"same root", [&] { view->set_root(loose); }, {}},
-        {"other root", [&] { view->set_root(root); },
+        {"other root",
+         [&] { view->set_root(root); },
          {"invalidate_rect 100 100 101 101", "invalidate_rect 0 0 0 0"}},
     };
     for (const auto& at : cases) {

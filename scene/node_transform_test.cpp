@@ -113,17 +113,18 @@ TEST_F(node_transform, numbers_that_are_not_finite_are_refused_behind_the_first_
 }
 
 TEST_F(node_transform, matrices_without_an_inverse_are_refused_behind_the_first_invalidation) {
-    for (const D2D_MATRIX_3X2_F& matrix : {D2D_MATRIX_3X2_F{{{0, 0, 0, 0, 5, 5}}},
-                                           D2D_MATRIX_3X2_F{{{1, 0, 0, 0, 0, 0}}},
-                                           D2D_MATRIX_3X2_F{{{1, 2, 2, 4, 0, 0}}}}) {
+    for (const D2D_MATRIX_3X2_F& matrix :
+         {D2D_MATRIX_3X2_F{{{0, 0, 0, 0, 5, 5}}}, D2D_MATRIX_3X2_F{{{1, 0, 0, 0, 0, 0}}},
+          D2D_MATRIX_3X2_F{{{1, 2, 2, 4, 0, 0}}}}) {
         EXPECT_EQ("unable to invert transform received by d2d::scene::INode",
                   thrown_by([&] { child->set_transform(matrix); }));
         EXPECT_EQ(lines{"invalidate_rect 0 0 10 10"}, calls());
         EXPECT_TRUE(same(identity_matrix, child->get_transform()));
         EXPECT_TRUE(same({0, 0, 10, 10}, root->get_bounds(true)));
     }
-    EXPECT_EQ("unable to invert transform received by d2d::scene::INode",
-              thrown_by([] { create_node()->set_transform({{{0, 0, 0, 0, 0, 0}}}); }));
+    EXPECT_EQ("unable to invert transform received by d2d::scene::INode", thrown_by([] {
+                  create_node()->set_transform({{{0, 0, 0, 0, 0, 0}}});
+              }));
 }
 
 TEST_F(node_transform, bounds_above_follow_nested_transforms) {
@@ -244,17 +245,17 @@ TEST_F(space_mapping, descent_applies_the_inverses_deepest_first) {
     EXPECT_EQ(-10, point.x);
     EXPECT_EQ(0, point.y);
     c->set_transform(doubled);
-    EXPECT_TRUE(same(multiply({{{0.5f, 0, 0, 0.5f, 0, 0}}},
-                              multiply(turned_back, translation_matrix(-10, 0))),
-                     between(root, c)));
+    EXPECT_TRUE(
+        same(multiply({{{0.5f, 0, 0, 0.5f, 0, 0}}}, multiply(turned_back, translation_matrix(-10, 0))),
+             between(root, c)));
 }
 
 TEST_F(space_mapping, descent_is_applied_ahead_of_the_ascent) {
     a->set_transform(doubled);
     x->set_transform(quarter_turn);
     y->set_transform(translation_matrix(3, 4));
-    const D2D_MATRIX_3X2_F down = multiply(translation_matrix(-3, -4),
-                                           multiply({{{0, -1, 1, 0, 0, 0}}}, doubled));
+    const D2D_MATRIX_3X2_F down =
+        multiply(translation_matrix(-3, -4), multiply({{{0, -1, 1, 0, 0, 0}}}, doubled));
     EXPECT_TRUE(same(down, between(a, y))) << "each inverse is put ahead of what there is";
 }
 

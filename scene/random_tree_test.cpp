@@ -75,13 +75,20 @@ protected:
         constexpr float scales[] = {0.5f, 2, -1, 3};
         const float angle = coordinate();
         switch (below(9)) {
-            case 0: return identity_matrix;
-            case 1: return of.transform;
-            case 2: return of.inverse;
-            case 3: return {{{scales[below(4)], 0, 0, scales[below(4)], x, y}}};
-            case 4: return {{{0, 1, -1, 0, x, y}}};
-            case 5: return {{{std::cos(angle), std::sin(angle), -std::sin(angle), std::cos(angle), x, y}}};
-            default: return translation_matrix(x, y);
+            case 0:
+                return identity_matrix;
+            case 1:
+                return of.transform;
+            case 2:
+                return of.inverse;
+            case 3:
+                return {{{scales[below(4)], 0, 0, scales[below(4)], x, y}}};
+            case 4:
+                return {{{0, 1, -1, 0, x, y}}};
+            case 5:
+                return {{{std::cos(angle), std::sin(angle), -std::sin(angle), std::cos(angle), x, y}}};
+            default:
+                return translation_matrix(x, y);
         }
     }
 
@@ -125,7 +132,8 @@ protected:
     }
     void remove_handler(pair& from) {
         if (from.handlers.empty()) return;
-        const auto chosen = from.handlers.begin() + static_cast<std::ptrdiff_t>(below(2) % from.handlers.size());
+        const auto chosen =
+            from.handlers.begin() + static_cast<std::ptrdiff_t>(below(2) % from.handlers.size());
         from.real->remove_bounds_handler(chosen->first);
         from.handlers.erase(chosen);
     }
@@ -273,24 +281,34 @@ protected:
         switch (change) {
             case 0:
             case 1:
-            case 2: return add_child(any_shown(), any());
+            case 2:
+                return add_child(any_shown(), any());
             case 3: {
                 pair& child = any_shown();
                 return remove_child(child.model.parent ? pair_of(*child.model.parent) : any(), child);
             }
-            case 4: return remove_child(any(), any());
-            case 5: return set_hit_mode(any());
-            case 6: return set_clip_geometry(any_shown());
-            case 7: return one_in(6) ? clear(any_shown()) : add_handler(any());
-            case 8: return remove_handler(any());
-            case 9: return set_animation(any_shown());
-            case 10: return one_in(5) ? set_root(one_in(4) ? nullptr : &any()) : record_any(any());
-            case 11: return one_in(5) ? change_target() : move_badly(any());
+            case 4:
+                return remove_child(any(), any());
+            case 5:
+                return set_hit_mode(any());
+            case 6:
+                return set_clip_geometry(any_shown());
+            case 7:
+                return one_in(6) ? clear(any_shown()) : add_handler(any());
+            case 8:
+                return remove_handler(any());
+            case 9:
+                return set_animation(any_shown());
+            case 10:
+                return one_in(5) ? set_root(one_in(4) ? nullptr : &any()) : record_any(any());
+            case 11:
+                return one_in(5) ? change_target() : move_badly(any());
             case 12:
             case 13:
             case 14:
             case 15:
-            case 16: return record_any(any_shown());
+            case 16:
+                return record_any(any_shown());
             default: {
                 pair& moved = any_shown();
                 return move_to(moved, any_matrix(moved.model));
@@ -303,7 +321,9 @@ protected:
     void compare(const pair& each) const {
         const node& real = static_cast<const node&>(*each.real);
         const tree_model& model = each.model;
-        const auto text_of = [](const extent& e) { return tree_model::text(e.valid ? area(e.rect) : area()); };
+        const auto text_of = [](const extent& e) {
+            return tree_model::text(e.valid ? area(e.rect) : area());
+        };
         EXPECT_EQ(tree_model::text(model.content), text_of(real.content_extent()));
         EXPECT_EQ(tree_model::text(model.bounds()), text_of(real.subtree_extent()));
         EXPECT_EQ(tree_model::text(model.own_hit), text_of(real.hit_extent()));
@@ -318,8 +338,7 @@ protected:
         const D2D_RECT_F none{};
         const area bounds = model.bounds();
         EXPECT_TRUE(same_or_odd(bounds.value_or(none), each.real->get_bounds(true)));
-        EXPECT_TRUE(
-            same_or_odd(bounds ? model.content.value_or(none) : none, each.real->get_bounds(false)));
+        EXPECT_TRUE(same_or_odd(bounds ? model.content.value_or(none) : none, each.real->get_bounds(false)));
     }
     static testing::AssertionResult same_or_odd(const D2D_RECT_F& a, const D2D_RECT_F& b) {
         return call_text(a) == call_text(b) ? testing::AssertionSuccess() : fakes::same(a, b);
@@ -382,9 +401,10 @@ TEST_F(random_tree, caches_damage_and_calls_of_handlers_are_those_of_the_model) 
         compare_all();
         if (HasFailure()) return;
         longest = std::max(longest, static_cast<int>(expected.size()));
-        most_shown = std::max(most_shown, static_cast<int>(std::count_if(
-                                              pairs.begin(), pairs.end(),
-                                              [this](const pair& each) { return in_view(each.model); })));
+        most_shown = std::max(
+            most_shown, static_cast<int>(std::count_if(pairs.begin(), pairs.end(), [this](const pair& each) {
+                return in_view(each.model);
+            })));
         expected.clear();
     }
     // The changes reach far: long ways up, and large trees in the view.
@@ -440,12 +460,24 @@ TEST_F(random_tree, tree_heals_with_the_next_changes_after_handlers_have_thrown)
             try {
                 pair& at = any();
                 switch (below(6)) {
-                    case 0: add_child(any(), at); break;
-                    case 1: remove_child(at.model.parent ? pair_of(*at.model.parent) : any(), at); break;
-                    case 2: set_hit_mode(at); break;
-                    case 3: set_clip_geometry(at); break;
-                    case 4: set_animation(at); break;
-                    default: record_any(at); break;
+                    case 0:
+                        add_child(any(), at);
+                        break;
+                    case 1:
+                        remove_child(at.model.parent ? pair_of(*at.model.parent) : any(), at);
+                        break;
+                    case 2:
+                        set_hit_mode(at);
+                        break;
+                    case 3:
+                        set_clip_geometry(at);
+                        break;
+                    case 4:
+                        set_animation(at);
+                        break;
+                    default:
+                        record_any(at);
+                        break;
                 }
             } catch (const std::bad_function_call&) {
             }

@@ -24,9 +24,9 @@ TEST(rectangle, contains_its_left_and_top_edges_but_not_the_others) {
         float x, y;
         bool inside;
     } const cases[] = {
-        {10, 20, true},     {29.99f, 39.99f, true}, {30, 30, false},  {15, 40, false},
-        {9.99f, 30, false}, {15, 19.99f, false},    {30, 40, false},  {10, 40, false},
-        {30, 20, false},    {20, 30, true},         {10, 39, true},   {29, 20, true},
+        {10, 20, true},     {29.99f, 39.99f, true}, {30, 30, false}, {15, 40, false},
+        {9.99f, 30, false}, {15, 19.99f, false},    {30, 40, false}, {10, 40, false},
+        {30, 20, false},    {20, 30, true},         {10, 39, true},  {29, 20, true},
     };
     for (const auto& at : cases)
         EXPECT_EQ(at.inside, contains({10, 20, 30, 40}, {at.x, at.y})) << at.x << ", " << at.y;
@@ -60,12 +60,11 @@ TEST(rectangle, other_matrices_give_the_bounds_of_the_mapped_corners) {
         D2D_MATRIX_3X2_F matrix;
         D2D_RECT_F mapped;
     } const cases[] = {
-        {{{{2, 0, 0, 3, 0, 0}}}, {20, 60, 60, 120}},
-        {{{{-2, 0, 0, 3, 1, 2}}}, {-59, 62, -19, 122}},
-        {{{{0, 1, -1, 0, 0, 0}}}, {-40, 10, -20, 30}},          // a quarter turn
-        {{{{0, -1, 1, 0, 100, 0}}}, {120, -30, 140, -10}},      // the other way
-        {{{{1, 0, 0.5f, 1, 0, 0}}}, {20, 20, 50, 40}},          // a slant
-        {{{{1, 1, -1, 1, 0, 0}}}, {-30, 30, 10, 70}},           // an eighth of a turn, larger
+        {{{{2, 0, 0, 3, 0, 0}}}, {20, 60, 60, 120}},       {{{{-2, 0, 0, 3, 1, 2}}}, {-59, 62, -19, 122}},
+        {{{{0, 1, -1, 0, 0, 0}}}, {-40, 10, -20, 30}},      // a quarter turn
+        {{{{0, -1, 1, 0, 100, 0}}}, {120, -30, 140, -10}},  // the other way
+        {{{{1, 0, 0.5f, 1, 0, 0}}}, {20, 20, 50, 40}},      // a slant
+        {{{{1, 1, -1, 1, 0, 0}}}, {-30, 30, 10, 70}},       // an eighth of a turn, larger
     };
     for (const auto& at : cases) expect_rect(at.mapped, map_rect({10, 20, 30, 40}, at.matrix));
     // An inverted rectangle is put right by its corners.

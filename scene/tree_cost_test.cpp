@@ -29,7 +29,9 @@ public:
                    std::function<bool(D2D_POINT_2F)>) override {
         return false;
     }
-    HRESULT STDMETHODCALLTYPE QueryService(const GUID&, const GUID&, void**) override { return E_NOINTERFACE; }
+    HRESULT STDMETHODCALLTYPE QueryService(const GUID&, const GUID&, void**) override {
+        return E_NOINTERFACE;
+    }
     HRESULT STDMETHODCALLTYPE QueryInterface(const GUID&, void**) noexcept override { return E_NOINTERFACE; }
     ULONG STDMETHODCALLTYPE AddRef() noexcept override { return 1; }
     ULONG STDMETHODCALLTYPE Release() noexcept override { return 1; }
@@ -152,7 +154,8 @@ TEST_F(tree_cost, walks_allocate_nothing) {
     silent_site silent;
     edge->detach_site(&site);
     edge->attach_site(&silent);
-    // Nodes without commands, transforms or clips ask nothing of the target, which writes down what it is asked.
+    // Nodes without commands, transforms or clips ask nothing of the target, which writes down what it is
+    // asked.
     com::ptr<INode> deep = root;
     for (int i = 0; i < 20; ++i) deep = empty_below(deep);
     deep->set_transform_animation(

@@ -13,8 +13,8 @@ namespace d2d::scene {
 /// How deep a tree may be: walks keep their way on the machine's stack and allocate nothing. Not checked.
 inline constexpr std::size_t maximal_depth = 32;
 
-/// Where a walk over the children of `at` goes on behind `last`, which stood ahead of `next`: children may have
-/// been taken away meanwhile.
+/// Where a walk over the children of `at` goes on behind `last`, which stood ahead of `next`: children may
+/// have been taken away meanwhile.
 [[nodiscard]] inline std::size_t place_behind(const node& at, const node* last, std::size_t next) noexcept {
     const auto& children = at.children;
     if (!last || (next <= children.size() && children[next - 1] == last)) return next;

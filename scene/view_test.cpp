@@ -1,9 +1,8 @@
-// Roots, hosts and targets of a view; what a removal does to hover and focus; the clock.
+// Roots, hosts and targets of a view; what a removal does to hover and focus.
 
-#include "scene/testing/tree_test.h"
 #include "scene/view.h"
+#include "scene/testing/tree_test.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -18,9 +17,6 @@ using fakes::same;
 using fakes::thrown_by;
 namespace event_type = input::mouse::event_type;
 
-constexpr const char* clock_on = "set_animation_clock 0 0.05000000074505806";
-constexpr const char* clock_off = "set_animation_clock 0 0";
-
 class view_test : public fakes::tree_test {
 protected:
     void mouse(std::int32_t type, float x, float y, std::uint32_t flags = 0) {
@@ -28,11 +24,10 @@ protected:
     }
     /// Writes down each mouse event of a node: "<name> <type> <depth> <x> <y> <flags>".
     void log_mouse(const com::ptr<INode>& of, std::string name) {
-        of->add_mouse_handler(
-            [this, name = std::move(name)](INode*, int depth, input::mouse::event event) {
-                site.calls.push_back(call_text(name, event.type, depth, event.position, event.flags));
-                return false;
-            });
+        of->add_mouse_handler([this, name = std::move(name)](INode*, int depth, input::mouse::event event) {
+            site.calls.push_back(call_text(name, event.type, depth, event.position, event.flags));
+            return false;
+        });
     }
     void log_focus(const com::ptr<INode>& of, std::string name) {
         of->set_focus_handler(false, [this, name = std::move(name)](INode* from, INode* to) {
@@ -67,9 +62,7 @@ TEST_F(view_test, node_that_is_somewhere_is_refused_as_root) {
     const auto other = create_view();
     other->set_root(elsewhere);
     view->set_root(root);
-    const auto set = [&](const com::ptr<INode>& what) {
-        return thrown_by([&] { view->set_root(what); });
-    };
+    const auto set = [&](const com::ptr<INode>& what) { return thrown_by([&] { view->set_root(what); }); };
     EXPECT_EQ("Node already in a tree", set(child));
     EXPECT_EQ("Node already in a tree", set(elsewhere));
     EXPECT_EQ(&inner(), inside(root).view) << "the present root stays";
@@ -161,7 +154,9 @@ TEST_F(view_test, destructor_lets_go_in_a_fixed_order) {
     public:
         dying(lines& to, std::string called) : log(to), name(std::move(called)) {}
         void final_release() { log.push_back(name); }
-        HRESULT STDMETHODCALLTYPE QueryService(const GUID&, const GUID&, void**) override { return E_NOINTERFACE; }
+        HRESULT STDMETHODCALLTYPE QueryService(const GUID&, const GUID&, void**) override {
+            return E_NOINTERFACE;
+        }
 
     protected:
         ~dying() = default;
@@ -290,8 +285,9 @@ TEST_F(view_test, change_of_root_leaves_the_old_tree_and_enters_the_new) {
     log_mouse(next, "new");
     static_cast<void>(calls());
     view->set_root(next);
-    EXPECT_EQ((lines{"invalidate_rect 0 0 10 10", "invalidate_rect 0 0 20 20", "old 2 0 0 0 0", "new 0 0 5 5 0"}),
-              calls());
+    EXPECT_EQ(
+        (lines{"invalidate_rect 0 0 10 10", "invalidate_rect 0 0 20 20", "old 2 0 0 0 0", "new 0 0 5 5 0"}),
+        calls());
     view->set_root(nullptr);
     EXPECT_EQ((lines{"invalidate_rect 0 0 20 20", "new 2 0 0 0 0"}), calls());
 }
@@ -331,7 +327,8 @@ TEST_F(view_test, focus_handler_may_change_the_tree_that_is_leaving) {
     show();
     edge->on_focus_gained();
     leaf->set_focus();
-    leaf->set_focus_handler(false, [&, bottom = leaf.get()](INode*, INode*) { middle->remove_child(bottom); });
+    leaf->set_focus_handler(false,
+                            [&, bottom = leaf.get()](INode*, INode*) { middle->remove_child(bottom); });
     leaf.reset();
     root->remove_child(middle);
     EXPECT_EQ(nullptr, inside(middle).view);
@@ -357,137 +354,6 @@ TEST_F(view_test, hover_handler_may_take_away_the_node_that_is_leaving) {
     EXPECT_EQ(0, inside(root).animated_nodes);
     EXPECT_EQ(0.0, site.clock_interval);
     EXPECT_TRUE(inside(root).children.empty());
-}
-
-// The clock
-
-TEST_F(view_test, animated_recording_starts_the_clock_and_its_going_stops_it) {
-    show();
-    const auto child = create_node();
-    record(child, {0, 0, 1, 1}, true);
-    EXPECT_EQ(lines{}, calls()) << "it is not in the view";
-    root->add_child(child);
-    EXPECT_EQ(0.05000000074505806, site.clock_interval);
-    EXPECT_EQ(1, std::count(site.calls.begin(), site.calls.end(), clock_on));
-    root->remove_child(child);
-    EXPECT_EQ(1, std::count(site.calls.begin(), site.calls.end(), clock_off));
-    EXPECT_EQ(0.0, site.clock_interval);
-    static_cast<void>(calls());
-    record(root, {0, 0, 1, 1}, true);
-    EXPECT_EQ((lines{clock_on, "invalidate_rect 0 0 1 1"}), calls());
-    record(root, {0, 0, 1, 1}, false);
-    EXPECT_EQ((lines{"invalidate_rect 0 0 1 1", "invalidate_rect 0 0 1 1", clock_off}), calls());
-}
-
-TEST_F(view_test, need_of_the_clock_is_kept_without_a_target_and_told_to_the_next_one) {
-    record(root, {0, 0, 1, 1}, true);
-    view->set_root(root);
-    EXPECT_EQ(lines{}, calls());
-    edge->attach_render_target(&target);
-    EXPECT_EQ(lines{clock_on}, calls());
-    edge->detach_render_target(&target);
-    EXPECT_EQ(lines{clock_off}, calls());
-    edge->attach_render_target(&target);
-    EXPECT_EQ(lines{clock_on}, calls());
-    edge->detach_render_target(&target);
-    static_cast<void>(calls());
-    erase(root);
-    EXPECT_EQ(lines{}, calls());
-    edge->attach_render_target(&target);
-    EXPECT_EQ(lines{}, calls()) << "nothing is animated any more";
-}
-
-TEST_F(view_test, transform_animations_are_counted_in_chains) {
-    // root > a > b > c; and d, which comes and goes
-    const auto a = empty_below(root);
-    const auto b = empty_below(a);
-    const auto c = empty_below(b);
-    const auto d = create_node();
-    show();
-    const auto counts = [&] {
-        std::vector<int> result;
-        for (const auto& of : {root, a, b, c}) result.push_back(inside(of).animated_nodes);
-        return result;
-    };
-    using ints = std::vector<int>;
-    const auto animate = [&](const com::ptr<INode>& of, bool on) {
-        of->set_transform_animation(on ? still().get() : nullptr);
-    };
-    animate(c, true);
-    EXPECT_EQ((ints{1, 1, 1, 0}), counts());
-    animate(a, true);
-    EXPECT_EQ((ints{1, 1, 1, 0}), counts()) << "it counted already";
-    animate(c, false);
-    EXPECT_EQ((ints{1, 0, 0, 0}), counts());
-    animate(b, true);
-    EXPECT_EQ((ints{1, 1, 0, 0}), counts());
-    animate(b, true);
-    EXPECT_EQ((ints{1, 1, 0, 0}), counts()) << "another animation in the place of one";
-    animate(a, false);
-    EXPECT_EQ((ints{1, 1, 0, 0}), counts());
-    EXPECT_EQ(lines{clock_on}, calls()) << "all along";
-    animate(b, false);
-    EXPECT_EQ((ints{0, 0, 0, 0}), counts());
-    EXPECT_EQ(lines{clock_off}, calls());
-    animate(d, true);
-    b->add_child(d);
-    c->add_child(create_node());
-    EXPECT_EQ((ints{1, 1, 1, 0}), counts());
-    a->remove_child(b);
-    EXPECT_EQ((ints{0, 0, 1, 0}), counts());
-    a->add_child(b);
-    EXPECT_EQ((ints{1, 1, 1, 0}), counts());
-    d->clear();
-    EXPECT_EQ((ints{0, 0, 0, 0}), counts());
-    EXPECT_EQ(0.0, site.clock_interval);
-    animate(root, true);
-    EXPECT_EQ((ints{0, 0, 0, 0}), counts());
-    EXPECT_GT(site.clock_interval, 0.0) << "the root itself";
-    root->clear();
-    EXPECT_EQ(0.0, site.clock_interval);
-}
-
-TEST_F(view_test, tick_moves_and_then_invalidates_what_is_animated_once) {
-    root->set_transform(translation_matrix(100, 0));
-    const auto moved = filled({0, 0, 10, 10}, root);
-    moved->set_transform_animation(
-        com::create_object<fakes::test_animation>(
-            [](double time) { return translation_matrix(static_cast<float>(time), 0); })
-            .get());
-    const auto blinking = empty_below(root);
-    record(blinking, {0, 20, 5, 25}, true);
-    const auto other = empty_below(blinking);
-    other->set_transform(translation_matrix(0, 50));
-    record(other, {0, 0, 5, 5}, true);
-    show();
-    edge->tick(3, 0.05f);
-    EXPECT_EQ((lines{"invalidate_rect 100 0 110 10", "invalidate_rect 103 0 113 10",
-                     "invalidate_rect 100 20 105 55"}),
-              calls());
-    view->set_root(nullptr);
-    static_cast<void>(calls());
-    edge->tick(4, 0.05f);
-    EXPECT_EQ(lines{}, calls());
-}
-
-TEST_F(view_test, animation_may_take_its_node_away_and_change_what_lies_above) {
-    const auto middle = empty_below(root);
-    auto leaf = filled({0, 0, 10, 10}, middle);
-    leaf->set_transform_animation(
-        com::create_object<fakes::test_animation>([&, bottom = leaf.get()](double) {
-            bottom->set_transform_animation(nullptr);
-            middle->remove_child(bottom);
-            middle->set_transform(middle->get_transform().dx == 0 ? translation_matrix(5, 5) : identity_matrix);
-            return translation_matrix(1, 1);
-        }).get());
-    record(root, {0, 0, 1, 1}, true);
-    show();
-    leaf.reset();
-    edge->tick(1, 0.05f);
-    EXPECT_TRUE(inside(middle).children.empty());
-    static_cast<void>(calls());
-    edge->tick(2, 0.05f);
-    EXPECT_EQ(lines{"invalidate_rect 0 0 1 1"}, calls());
 }
 
 TEST_F(view_test, nothing_is_asked_of_a_view_without_a_host) {

@@ -14,8 +14,8 @@
 
 namespace d2d::scene::fakes {
 
-/// A tree of nodes as plain data. Whatever follows from something else is worked out anew, from the leaves up,
-/// each time it is asked for. For comparison with the nodes, which keep it.
+/// A tree of nodes as plain data. Whatever follows from something else is worked out anew, from the leaves
+/// up, each time it is asked for. For comparison with the nodes, which keep it.
 struct tree_model {
     using area = std::optional<D2D_RECT_F>;
 
@@ -60,7 +60,8 @@ struct tree_model {
 
     [[nodiscard]] area bounds() const {
         area result = content;
-        for (const tree_model* child : children) result = unite(result, map(child->bounds(), child->transform));
+        for (const tree_model* child : children)
+            result = unite(result, map(child->bounds(), child->transform));
         return result;
     }
 
@@ -112,7 +113,8 @@ struct tree_model {
         D2D_MATRIX_3X2_F to_root{{{1, 0, 0, 1, 0, 0}}};
         for (const tree_model* at = this; at; at = at->parent) {
             const D2D_MATRIX_3X2_F& t = at->transform;
-            const bool moved = !(t._11 == 1 && t._12 == 0 && t._21 == 0 && t._22 == 1 && t.dx == 0 && t.dy == 0);
+            const bool moved =
+                !(t._11 == 1 && t._12 == 0 && t._21 == 0 && t._22 == 1 && t.dx == 0 && t.dy == 0);
             if (moved) to_root = product(to_root, t);
         }
         return map(rect.value_or(D2D_RECT_F{}), to_root);

@@ -71,7 +71,8 @@ protected:
         return made;
     }
 
-    /// A filled shape; lives until the end of the test, and is used anew only long after everybody let go of it.
+    /// A filled shape; lives until the end of the test, and is used anew only long after everybody let go of
+    /// it.
     fake_geometry* geometry(const D2D_RECT_F& bounds) {
         constexpr std::size_t many = 1000;
         for (std::size_t tried = 0; geometries.size() >= many && tried < geometries.size(); ++tried) {
@@ -123,15 +124,15 @@ template <class Exception = std::logic_error, class Call>
     if (expected.left == actual.left && expected.top == actual.top && expected.right == actual.right &&
         expected.bottom == actual.bottom)
         return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "expected (" << call_text(expected) << "), is ("
-                                       << call_text(actual) << ")";
+    return testing::AssertionFailure()
+           << "expected (" << call_text(expected) << "), is (" << call_text(actual) << ")";
 }
 
 [[nodiscard]] inline testing::AssertionResult same(const D2D_MATRIX_3X2_F& expected,
                                                    const D2D_MATRIX_3X2_F& actual) {
     if (call_text(expected) == call_text(actual)) return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "expected (" << call_text(expected) << "), is ("
-                                       << call_text(actual) << ")";
+    return testing::AssertionFailure()
+           << "expected (" << call_text(expected) << "), is (" << call_text(actual) << ")";
 }
 
 }  // namespace d2d::scene::fakes
