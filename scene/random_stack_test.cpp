@@ -1,0 +1,143 @@
+// Stacks of random items, compared with a model that works everything out in another way.
+
+#include "scene/layout_stack.h"
+#include "scene/testing/fake_element.h"
+#include "scene/testing/metrics_text.h"
+#include "scene/testing/stack_model.h"
+#include "support/leak_checked_test.h"
+
+#include <cstdio>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace d2d::scene::layout;
+using d2d::scene::fakes::fake_element;
+using d2d::scene::fakes::stack_model;
+using d2d::scene::fakes::text_of;
+
+/// Item sets at random, in quarters of a pixel, whose sums a float holds exactly.
+class random_item_sets {
+public:
+    explicit random_item_sets(std::uint32_t seed) : random_(seed) {}
+
+    [[nodiscard]] unsigned below(unsigned limit) { return static_cast<unsigned>(random_() % limit); }
+    [[nodiscard]] float length(unsigned limit) {
+        return static_cast<float>(below(4) == 0 ? below(limit * 4) : below(limit) * 4) / 4;
+    }
+    [[nodiscard]] metrics next_metrics() {
+        metrics m{};
+        for (float* margin : {&m.margin.left, &m.margin.top, &m.margin.right, &m.margin.bottom}) {
+            *margin = below(3) == 0 ? length(12) : 0;
+            if (below(50) == 0) *margin = -*margin;
+        }
+        set_sizes(m.min_size.width, m.max_size.width, m.preferred_size.width);
+        set_sizes(m.min_size.height, m.max_size.height, m.preferred_size.height);
+        return m;
+    }
+    [[nodiscard]] size_choice next_choice() {
+        if (below(4) != 0) return {};
+        return {static_cast<size_source>(below(4)), length(80)};
+    }
+    [[nodiscard]] D2D_RECT_F next_rect(const metrics& measured) {
+        const float left = length(100) - 50;
+        const float top = length(100) - 50;
+        return {left, top, left + room(measured.min_size.width, measured.preferred_size.width),
+                top + room(measured.min_size.height, measured.preferred_size.height)};
+    }
+
+private:
+    void set_sizes(float& min, float& max, float& preferred) {
+        min = length(40);
+        preferred = below(10) == 0 ? 0 : min + length(40);
+        max = below(3) == 0 ? unlimited : min + length(80);
+        if (below(30) == 0) max = length(40);
+    }
+    float room(float min, float preferred) {
+        switch (below(4)) {
+            case 0:
+                return preferred;
+            case 1:
+                return min - length(30);
+            default:
+                return min + length(300);
+        }
+    }
+
+    std::mt19937 random_;
+};
+
+void expect_near(float expected, float actual) {
+    if (expected == unlimited || actual == unlimited) {
+        EXPECT_EQ(expected, actual);
+    } else {
+        EXPECT_NEAR(expected, actual, 0.002f);  // what is left may be divided by three
+    }
+}
+
+void expect_near(const D2D_RECT_F& expected, const D2D_RECT_F& actual) {
+    expect_near(expected.left, actual.left);
+    expect_near(expected.top, actual.top);
+    expect_near(expected.right, actual.right);
+    expect_near(expected.bottom, actual.bottom);
+}
+
+float model_size(const size_choice& choice, float own, float preferred) {
+    if (choice.source == size_source::element) return own;
+    return choice.source == size_source::element_preferred ? preferred : choice.value;
+}
+
+metrics model_metrics(const stack_item_details& d, const metrics& m) {
+    const auto [pw, ph] = m.preferred_size;
+    return {m.margin,
+            {model_size(d.min_width, m.min_size.width, pw), model_size(d.min_height, m.min_size.height, ph)},
+            {model_size(d.max_width, m.max_size.width, pw), model_size(d.max_height, m.max_size.height, ph)},
+            {model_size(d.preferred_width, pw, pw), model_size(d.preferred_height, ph, ph)}};
+}
+
+using random_stack = test_support::leak_checked_test;
+
+TEST_F(random_stack, does_what_a_plain_model_does) {
+    const std::uint32_t seed = std::random_device{}();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::printf("seed %lu\n", static_cast<unsigned long>(seed));
+    random_item_sets random(seed);
+    for (int round = 0; round < 100'000 && !HasFailure(); ++round) {
+        std::vector<com::ptr<fake_element>> elements;
+        stack_model model{random.below(2) == 1, {}};
+        const auto made = create_stack(model.across);
+        for (unsigned count = random.below(8); count > 0; --count) {
+            const metrics m = random.next_metrics();
+            const stack_item_details details{random.next_choice(),
+                                             random.next_choice(),
+                                             random.next_choice(),
+                                             random.next_choice(),
+                                             random.next_choice(),
+                                             random.next_choice(),
+                                             static_cast<int>(random.below(3))};
+            const bool own = random.below(2) == 0;
+            elements.push_back(com::create_object<fake_element>(m));
+            made->add_item(elements.back(), own, details);
+            model.items.push_back({model_metrics(details, m), own, details.alignment});
+        }
+        const metrics measured = made->measure();
+        ASSERT_EQ(text_of(model.measure()), text_of(measured)) << round;
+        const D2D_RECT_F rect = random.next_rect(measured);
+        made->arrange(rect);
+        const auto expected = model.arrange(rect);
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            expect_near(expected[i], elements[i]->rect);
+            if (HasFailure()) {
+                ADD_FAILURE() << "round " << round << ", item " << i << ": " << text_of(expected[i]) << " is "
+                              << text_of(elements[i]->rect);
+                break;
+            }
+        }
+    }
+}
+
+}  // namespace
