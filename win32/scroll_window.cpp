@@ -50,11 +50,11 @@ void set_bar_range(HWND window, const scroll_axis& axis, LONG first, LONG last, 
 
 void scroll_window::scroll_offset_changed(POINT) {}
 
-int scroll_window::line(const scroll_axis& axis) const noexcept {
+int scroll_window::line_step(const scroll_axis& axis) const noexcept {
     return axis.bar == SB_HORZ ? line_x : line_y;
 }
 
-int& scroll_window::page(const scroll_axis& axis) noexcept {
+int& scroll_window::page_step(const scroll_axis& axis) noexcept {
     return axis.bar == SB_HORZ ? page_x : page_y;
 }
 
@@ -158,19 +158,19 @@ void scroll_window::wmScroll(const scroll_axis& axis, WORD code) {
     };
     switch (code) {
         case SB_LINEUP:
-            return move_by(-line(axis));
+            return move_by(-line_step(axis));
         case SB_LINEDOWN:
-            return move_by(line(axis));
+            return move_by(line_step(axis));
         case SB_PAGEUP:
-            return move_by(-page(axis));
+            return move_by(-page_step(axis));
         case SB_PAGEDOWN:
-            return move_by(page(axis));
+            return move_by(page_step(axis));
         case SB_THUMBTRACK:
             return handle_thumb_track(axis);
         case SB_TOP:
             return move_to(0);
         case SB_BOTTOM:
-            return move_to(region.*axis.last - page(axis));
+            return move_to(region.*axis.last - page_step(axis));
         default:
             return;  // the place of SB_THUMBPOSITION has come with SB_THUMBTRACK
     }
@@ -199,10 +199,10 @@ void scroll_window::wmWindowPosChanged(const WINDOWPOS& position) {
     for (const scroll_axis* const axis : scroll_axes) follow_edge(*axis, resized);
     client = resized;
     for (const scroll_axis* const axis : scroll_axes)
-        page(*axis) = scroll_layout{client, frame, margin}.page(*axis);
+        page_step(*axis) = scroll_layout{client, frame, margin}.page(*axis);
     // Kept, clients rely on it: a range of one pixel more than `set_scroll_region` gives.
     for (const scroll_axis* const axis : scroll_axes)
-        set_bar_range(handle, *axis, region.*axis->first, region.*axis->last, page(*axis));
+        set_bar_range(handle, *axis, region.*axis->first, region.*axis->last, page_step(*axis));
     update_scroll_offset();
     update_client_rect();  // the bars may have changed it
 }

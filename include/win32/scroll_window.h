@@ -13,11 +13,11 @@ struct scroll_axis;
 /// that are on the screen, and only what comes into view becomes invalid.
 ///
 /// From the client's edges inward: the frame, which never scrolls, then the margins, then the scrolled part.
-/// The left and right margins follow vertical scrolling, the top and bottom ones horizontal scrolling. The left
-/// and right strips have the full height within the frame, the top and bottom ones the full width: they overlap
-/// at the corners, and scrolling moves the pixels of a corner along with each of its strips. A window with such
-/// corners invalidates them in `scroll_offset_changed`, and each strip as far beside them as was scrolled; and
-/// when its size changes, what it keeps at a corner that moves.
+/// The left and right margins follow vertical scrolling, the top and bottom ones horizontal scrolling. The
+/// left and right strips have the full height within the frame, the top and bottom ones the full width: they
+/// overlap at the corners, and scrolling moves the pixels of a corner along with each of its strips. A window
+/// with such corners invalidates them in `scroll_offset_changed`, and each strip as far beside them as was
+/// scrolled; and when its size changes, what it keeps at a corner that moves.
 ///
 /// Paint a part in a scope of its own, in logical coordinates:
 ///
@@ -125,8 +125,8 @@ private:
     void wmMouseWheel(WPARAM wparam);
     void wmKeyDown(WPARAM key);
 
-    [[nodiscard]] int line(const scroll_axis& axis) const noexcept;
-    [[nodiscard]] int& page(const scroll_axis& axis) noexcept;
+    [[nodiscard]] int line_step(const scroll_axis& axis) const noexcept;
+    [[nodiscard]] int& page_step(const scroll_axis& axis) noexcept;
     void follow_edge(const scroll_axis& axis, const RECT& resized) const;
 
     POINT offset{};

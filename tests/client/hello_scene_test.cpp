@@ -1,8 +1,8 @@
 // The example as its user sees it.
 
 #include "running_program.h"
+#include "settled_picture.h"
 #include "support/golden.h"
-#include "support/message_pump.h"
 #include "support/picture.h"
 
 #include <gtest/gtest.h>
@@ -10,20 +10,8 @@
 namespace {
 
 using client_test::running_program;
+using client_test::settled_picture;
 using test_support::picture;
-
-/// What the window shows once two looks in a row are the same, with something on it.
-picture settled_picture(HWND window) {
-    picture last = test_support::grab_client_area(window);
-    for (int i = 0; i < 50; ++i) {
-        test_support::pump_for(std::chrono::milliseconds(200));
-        picture next = test_support::grab_client_area(window);
-        if (next == last && next.width > 4 && next.at(2, 2) != next.at(next.width / 2, next.height / 2))
-            return next;
-        last = std::move(next);
-    }
-    return last;
-}
 
 // Text may be smoothed a little differently from one version of the fonts to the next.
 constexpr test_support::tolerance fonts{.channel = 24, .pixels = 1500};
