@@ -1,10 +1,10 @@
 // A window with a scene: nested nodes under transforms and clips, shapes, text, bitmaps, a foreground over
 // children, and a recording that is made anew for each size of the window.
 
+#include "common/palette.h"
+#include "common/shapes.h"
 #include "d2d/win32_scene_window.h"
-#include "palette.h"
 #include "pictures.h"
-#include "shapes.h"
 
 #include <exception>
 #include <string>
@@ -14,28 +14,29 @@
 namespace {
 
 /// The paper behind everything, with a border and the size of the window in its corner.
-void record_paper(d2d::scene::INode& paper, D2D_SIZE_U size, const hello::palette& colours) {
+void record_paper(d2d::scene::INode& paper, D2D_SIZE_U size, const sketch::palette& colours) {
     const float width = static_cast<float>(size.width);
     const float height = static_cast<float>(size.height);
     const auto context = paper.draw(true);
-    context->fill_geometry(hello::rectangle(0, 0, width, height).get(), colours.paper.get());
+    context->fill_geometry(sketch::rectangle(0, 0, width, height).get(), colours.paper.get());
     if (width < 40 || height < 40) return;
-    context->draw_geometry(hello::rounded(8.5f, 8.5f, width - 8.5f, height - 8.5f, 10).get(),
+    context->draw_geometry(sketch::rounded(8.5f, 8.5f, width - 8.5f, height - 8.5f, 10).get(),
                            colours.edge.get(), 1, nullptr);
-    const auto caption = hello::text(std::to_wstring(size.width) + L" × " + std::to_wstring(size.height), 13);
+    const auto caption =
+        sketch::text(std::to_wstring(size.width) + L" × " + std::to_wstring(size.height), 13);
     context->draw_text_layout(width - 22 - caption->GetMaxWidth(), height - 18 - caption->GetMaxHeight(),
                               caption.get(), colours.faint_ink.get(), D2D1_DRAW_TEXT_OPTIONS_NONE);
 }
 
 int run() {
     d2d::win32_scene_window window;
-    const hello::palette colours;
+    const sketch::palette colours;
     const auto paper = d2d::scene::create_node();
     window.on_size = [&](D2D_SIZE_U size) { record_paper(*paper, size, colours); };
     window.addContent(paper.get());
 
-    const auto add = [&](const hello::node& picture, float x, float y) {
-        picture->set_transform(hello::moved(x, y));
+    const auto add = [&](const sketch::node& picture, float x, float y) {
+        picture->set_transform(sketch::moved(x, y));
         window.addContent(picture.get());
     };
     add(hello::make_title(colours), 32, 24);

@@ -1,24 +1,18 @@
 #include "pictures.h"
 
+#include "common/shapes.h"
 #include "d2d/factory.h"
 #include "d2d/scene/IBitmap.h"
-#include "shapes.h"
 
 #include <memory>
 
 namespace hello {
+
+using namespace sketch;
+
 namespace {
 
 constexpr auto no_text_options = D2D1_DRAW_TEXT_OPTIONS_NONE;
-
-/// A node with a recording that `record(context)` makes.
-template <class Record>
-node recorded(Record&& record) {
-    auto result = d2d::scene::create_node();
-    const auto context = result->draw(true);
-    record(*context);
-    return result;
-}
 
 node make_boat(const palette& colours) {
     auto boat = recorded([&](d2d::scene::IDrawingContext& context) {

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "d2d/scene/INode.h"
-#include "palette.h"
+#include "common/node.h"
+#include "common/palette.h"
 
 namespace hello {
 
-using node = com::ptr<d2d::scene::INode>;
+using sketch::node;
+using sketch::palette;
 
 /// A harbour seen through a window of 320 by 240: hills, water and a boat that rolls, clipped to the window,
 /// with the window's frame in the foreground, over what is inside.

@@ -1,11 +1,11 @@
-#include "shapes.h"
+#include "common/shapes.h"
 
 #include "d2d/factory.h"
 #include "d2d/scene/ITextFormat.h"
 
 #include <cmath>
 
-namespace hello {
+namespace sketch {
 namespace {
 
 /// A path geometry filled by `draw(sink)`.
@@ -76,4 +76,4 @@ D2D_MATRIX_3X2_F turned(float degrees, float x, float y) {
     return {{{cosine, sine, -sine, cosine, x, y}}};
 }
 
-}  // namespace hello
+}  // namespace sketch

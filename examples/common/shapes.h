@@ -8,9 +8,9 @@
 #include <d2d1.h>
 #include <dwrite.h>
 
-namespace hello {
+namespace sketch {
 
-// Short names for the geometries and texts that the example uses. Points are in pixels.
+// Short names for the geometries and texts that the examples use. Points are in pixels.
 
 [[nodiscard]] com::ptr<ID2D1Geometry> rectangle(float left, float top, float right, float bottom);
 [[nodiscard]] com::ptr<ID2D1Geometry> rounded(float left, float top, float right, float bottom, float radius);
@@ -31,4 +31,4 @@ namespace hello {
 /// Turned by an angle in degrees, then moved.
 [[nodiscard]] D2D_MATRIX_3X2_F turned(float degrees, float x, float y);
 
-}  // namespace hello
+}  // namespace sketch
