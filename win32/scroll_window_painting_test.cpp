@@ -78,6 +78,23 @@ TEST_F(scroll_window_painting, each_strip_follows_its_axis_alone) {
     EXPECT_THAT(invalid_after_scroll({5, 7}), ElementsAre(RECT{1, 69, 198, 76}));
 }
 
+// The bars take room from the client area, and the strips at its far edges are elsewhere then.
+TEST_F(scroll_window_painting, the_strips_lie_inside_bars_that_have_come) {
+    const int bar = GetSystemMetrics(SM_CXVSCROLL);
+    const RECT vacated{0, 100 - bar - 20 - 7, 200 - bar, 100 - bar - 20};
+    window.set_scroll_margin({0, 0, 0, 20});
+    window.set_scroll_region({0, 0, 1000, 2000});
+    window.open(200, 100, 0);  // the showing brings the bars
+    ASSERT_EQ((RECT{0, 0, 200 - bar, 100 - bar}), window.client_rect());
+    EXPECT_THAT(invalid_after_scroll({0, 7}), ElementsAre(vacated));
+
+    window.set_scroll_region({0, 0, 10, 10});
+    ASSERT_EQ((RECT{0, 0, 200, 100}), window.client_rect());
+    window.set_scroll_region({0, 0, 1000, 2000});
+    ASSERT_EQ((RECT{0, 0, 200 - bar, 100 - bar}), window.client_rect());
+    EXPECT_THAT(invalid_after_scroll({0, 7}), ElementsAre(vacated));
+}
+
 // Two strips meet in a corner: the later one moves what the earlier one left to paint there.
 TEST_F(scroll_window_painting, the_strips_move_one_after_the_other) {
     window.set_scroll_margin({20, 10, 0, 0});
