@@ -337,6 +337,7 @@ protected:
         SCROLLINFO tracked{};
         window.ahead = [&](const MSG& received) {
             if (received.message != message) return;
+            window.validate();
             before = window.scroll_offset();
             tracked = window.bar(bar);
             window.told.clear();
@@ -347,7 +348,14 @@ protected:
             if (LOWORD(received.wParam) == SB_THUMBTRACK) {
                 expected.*position = tracked.nTrackPos;
                 EXPECT_THAT(window.told, ElementsAre(expected));
-                if (tracked.nTrackPos != tracked.nPos) ++steps;
+                const LONG distance = tracked.nTrackPos - tracked.nPos;
+                if (distance > 0) {
+                    ++steps;
+                    RECT vacated = window.client_rect();
+                    (bar == SB_HORZ ? vacated.left : vacated.top) =
+                        std::max((bar == SB_HORZ ? vacated.right : vacated.bottom) - distance, 0L);
+                    EXPECT_THAT(window.invalid(), ElementsAre(vacated));
+                }
             } else {
                 EXPECT_THAT(window.told, IsEmpty());
                 placed = placed || LOWORD(received.wParam) == SB_THUMBPOSITION;
