@@ -1,5 +1,6 @@
 #include "host/floater.h"
 
+#include "com/error.h"
 #include "com/weak_ptr.h"
 #include "host/testing/hidden_window.h"
 #include "host/testing/recording_floater.h"
@@ -101,6 +102,11 @@ TEST_F(floaters, move_with_the_commit_of_a_position) {
     floating->commit();
     EXPECT_EQ("300 200 320 210", floating->place_text());
     EXPECT_THAT(floating->take_calls(), ElementsAre("render 20 10 at 0 0"));
+    const auto child = child_of(content, {5, 5, 10, 8});  // stands there to be painted
+    EXPECT_THAT(floating->take_calls(), ElementsAre("render 20 10 at 0 0"));
+    floating->set_position({100, 50});
+    floating->commit();
+    EXPECT_EQ("100 50 120 60", floating->place_text());
 }
 
 TEST_F(floaters, exchange_the_bitmap_when_a_fraction_of_the_position_needs_another_pixel) {
@@ -241,6 +247,29 @@ TEST_F(floaters, that_get_no_window_leave_their_content_free) {
     float_at({100, 50});  // takes over the window class, which stays when a window fails
 }
 
+TEST_F(floaters, that_get_no_bitmap_leave_their_content_free) {
+    content = recording_floater::visible_content({0, 0, 1e8f, 1e8f});
+    // What it is, is lost on the way through the window system.
+    EXPECT_ANY_THROW(static_cast<void>(scene::create_floating_node(parent->get(), {100, 50}, content.get())));
+    EXPECT_EQ(nullptr, content->get_parent());
+    recording_floater::record(content, box);
+    floating =
+        com::create_object<recording_floater>(parent->get(), true, D2D_POINT_2F{100, 50}, content.get());
+    EXPECT_EQ("100 50 120 60", floating->place_text());
+}
+
+TEST_F(floaters, recover_with_a_commit_from_content_that_no_bitmap_holds) {
+    float_at({100, 50});
+    const auto child = recording_floater::visible_content({0, 0, 1e8f, 1e8f});
+    EXPECT_THROW(content->add_child(child), com::error);
+    content->remove_child(child);
+    floating->set_position({300, 200});
+    floating->commit();
+    EXPECT_EQ("300 200 320 210", floating->place_text());
+    EXPECT_EQ("render 20 10 at 0 0", floating->take_calls().back());
+    EXPECT_THROW(content->add_child(child), com::error);
+}
+
 TEST_F(floaters, keep_a_pixel_for_content_that_is_empty_for_a_time) {
     content = scene::create_node();
     floating =
@@ -262,8 +291,11 @@ TEST_F(floaters, keep_a_pixel_for_content_that_is_empty_for_a_time) {
 TEST_F(floaters, give_their_content_back_with_the_last_release) {
     float_at({100, 50});
     const auto child = child_of(content, {10, 5, 40, 30});
+    const auto root = content->get_parent();
     floating.reset();
     EXPECT_EQ(nullptr, content->get_parent());
+    // In no view any more, for those who still have it.
+    EXPECT_EQ("nothing", thrown_by([&] { root->set_hit_mode(scene::INode::hit_solid); }));
     child->set_transform(moved_by(3, 3));  // nobody listens any more
     float_at({10, 10});
     EXPECT_EQ("10 10 30 20", floating->place_text());

@@ -141,11 +141,13 @@ TEST_F(floating_node, is_seen_through_where_its_colour_is) {
     EXPECT_TRUE(test_support::pump_until(is_grey, std::chrono::seconds(5))) << std::hex << seen_at(110, 30);
 }
 
-TEST_F(floating_node, gets_the_clicks_on_it_and_may_end_at_one) {
+TEST_F(floating_node, gets_the_clicks_on_it_and_may_end_behind_one_as_a_list_does) {
     std::vector<D2D_POINT_2F> presses;
-    content->add_mouse_handler([&](scene::INode*, int depth, d2d::input::mouse::event event) {
-        if (depth != 0 || event.type != d2d::input::mouse::event_type::button_up) return false;
+    bool released = false;
+    content->add_mouse_handler([&](scene::INode* node, int depth, d2d::input::mouse::event event) {
+        if (depth != 0 || event.type != d2d::input::mouse::event_type::button_down) return false;
         presses.push_back(event.position);
+        released = node->drag_loop(*event.button, [](D2D_POINT_2F) { return true; });
         floating.reset();
         return true;
     });
@@ -154,6 +156,7 @@ TEST_F(floating_node, gets_the_clicks_on_it_and_may_end_at_one) {
     test_support::click(window->get_window_handle(), {130, 45});
     EXPECT_TRUE(test_support::pump_until([&] { return !presses.empty(); }));
     ASSERT_EQ(1u, presses.size());
+    EXPECT_TRUE(released);
     EXPECT_EQ(50.5f, presses[0].x);
     EXPECT_EQ(25.5f, presses[0].y);
     EXPECT_TRUE(shows(white, 139, 49));
