@@ -33,18 +33,25 @@ struct part_change {
 };
 
 /// Brings `total`, the union of a number of parts, up to date with the change of one of them. False when the
-/// other parts have to be asked: the part held an edge of the union and has drawn back from it.
-[[nodiscard]] inline bool replace_part(extent& total, const part_change& change) noexcept {
+/// other parts have to be asked: the part held an edge of the union and has drawn back from it. `anchor` is
+/// another part, or the changed one as it now is: an edge that it reaches stays where it is.
+[[nodiscard]] inline bool replace_part(extent& total, const part_change& change,
+                                       const extent& anchor = {}) noexcept {
     const D2D_RECT_F& t = total.rect;
     const D2D_RECT_F& b = change.before.rect;
     const D2D_RECT_F& a = change.after.rect;
+    const D2D_RECT_F& k = anchor.rect;
     if (change.before.valid) {
         const bool grows = change.after.valid;
+        const bool held = anchor.valid;
         // Written so that numbers that are not numbers fail.
-        if (!(b.left > t.left || (grows && a.left <= b.left))) return false;
-        if (!(b.top > t.top || (grows && a.top <= b.top))) return false;
-        if (!(b.right < t.right || (grows && a.right >= b.right))) return false;
-        if (!(b.bottom < t.bottom || (grows && a.bottom >= b.bottom))) return false;
+        if (!(b.left > t.left || (grows && a.left <= b.left) || (held && k.left <= t.left))) return false;
+        if (!(b.top > t.top || (grows && a.top <= b.top) || (held && k.top <= t.top))) return false;
+        if (!(b.right < t.right || (grows && a.right >= b.right) || (held && k.right >= t.right)))
+            return false;
+        if (!(b.bottom < t.bottom || (grows && a.bottom >= b.bottom) || (held && k.bottom >= t.bottom))) {
+            return false;
+        }
     }
     if (change.after.valid) total.add(a);
     return true;

@@ -99,6 +99,15 @@ extent united(const std::vector<extent>& parts) {
     return total;
 }
 
+TEST(extent, edge_that_the_anchor_reaches_stays_known) {
+    const extent background = of(0, 0, 100, 100);
+    extent total = background;
+    EXPECT_TRUE(replace_part(total, {of(0, 0, 10, 100), of(5, 5, 15, 90)}, background));
+    EXPECT_FALSE(differs(background, total));
+    extent wider = of(0, 0, 120, 100);
+    EXPECT_FALSE(replace_part(wider, {of(110, 0, 120, 100), of(50, 5, 60, 90)}, background));
+}
+
 TEST(extent, random_replacements_never_differ_from_asking_all_parts) {
     const unsigned seed = std::random_device{}();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
@@ -117,7 +126,9 @@ TEST(extent, random_replacements_never_differ_from_asking_all_parts) {
         const std::size_t index = random() % parts.size();
         const part_change change{parts[index], part()};
         parts[index] = change.after;
-        if (replace_part(total, change)) {
+        // The first part is known to whoever asks, half of the time.
+        const extent anchor = random() % 2 == 0 ? parts[0] : extent{};
+        if (replace_part(total, change, anchor)) {
             ++known;
             const extent expected = united(parts);
             ASSERT_FALSE(differs(expected, total)) << "step " << step;

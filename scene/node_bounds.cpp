@@ -40,7 +40,8 @@ extent united_hits(const node& at) {
 /// The subtree rectangle behind the change of one part of it.
 extent next_bounds(const node& at, const part_change& change) {
     extent total = at.subtree_extent();
-    return !at.recompute && replace_part(total, change) ? total : united_bounds(at, at.content_extent());
+    const extent own = at.content_extent();
+    return !at.recompute && replace_part(total, change, own) ? total : united_bounds(at, own);
 }
 
 /// The subtree hit rectangle behind the change of one part of it.
@@ -48,7 +49,7 @@ extent next_hits(const node& at, const part_change& change, bool ask_all) {
     if (at.hit_mode == node::hit_transparent) return {};
     if (at.hit_mode == node::hit_solid) return {true, maximal_rect};
     extent total = at.subtree_hit_extent();
-    return !ask_all && replace_part(total, change) ? total : united_hits(at);
+    return !ask_all && replace_part(total, change, at.hit_extent()) ? total : united_hits(at);
 }
 
 void store_bounds(node& at, const extent& total) noexcept {

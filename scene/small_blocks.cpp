@@ -59,7 +59,7 @@ void* small_blocks::allocate(std::size_t bytes) {
     return ::operator new (bytes, std::align_val_t{alignment});
 }
 
-void small_blocks::free(void* block, std::size_t bytes) noexcept {
+void small_blocks::free(void* block, [[maybe_unused]] std::size_t bytes) noexcept {
 #if defined(NDEBUG)
     if (bytes <= greatest) return shelves[class_of(bytes)].give_back(block);
 #endif
