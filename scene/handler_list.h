@@ -31,7 +31,7 @@ public:
 
     [[nodiscard]] bool empty() const noexcept { return !first; }
 
-    /// Calls `call(record)` for each record of a kind that wants one of `events`, in list order, until one
+    /// Calls `call(record)` for each record of a kind that wants all of `events`, in list order, until one
     /// returns something that is true; returns that, or the default value.
     template <class Call>
     auto dispatch(handler_kind kind, std::uint32_t events, Call&& call)
@@ -39,8 +39,8 @@ public:
         if (!first) return {};
         const running guard(*this);
         for (handler_record* record = first; record; record = record->next) {
-            if (record->kind != kind || (record->mask & handler_record::removed) || !(record->mask & events))
-                continue;
+            const std::uint32_t relevant = record->mask & (handler_record::removed | events);
+            if (record->kind != kind || relevant != events) continue;
             if (auto result = call(*record)) return result;
         }
         return {};

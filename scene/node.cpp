@@ -150,15 +150,15 @@ void node::add_cursor_handler(cursor_function handler) {
 }
 
 void node::set_key_handler(key_function handler) {
-    key_handler = std::move(handler);
+    key_handler.set(std::move(handler));
 }
 
 void node::set_char_handler(char_function handler) {
-    char_handler = std::move(handler);
+    char_handler.set(std::move(handler));
 }
 
 void node::set_focus_handler(bool with_descendants, focus_function handler) {
-    focus_handler = std::move(handler);
+    focus_handler.set(std::move(handler));
     content_flags = static_cast<std::uint8_t>(with_descendants ? content_flags | focus_of_descendants
                                                                : content_flags & ~focus_of_descendants);
 }

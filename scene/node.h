@@ -8,6 +8,7 @@
 #include "scene/command.h"
 #include "scene/extent.h"
 #include "scene/handler_list.h"
+#include "scene/handler_slot.h"
 #include "scene/hit_index.h"
 
 #include <cstdint>
@@ -169,16 +170,16 @@ public:
     std::vector<com::ptr<node>> children;  // in drawing order
     bounds_handler_list bounds_handlers;
     com::ptr<IValueAnimation<D2D_MATRIX_3X2_F>> transform_animation;
-    int animated_nodes = 0;          // chains of descendants with a transform animation
-    unsigned animated_children = 0;  // children with one of `animated_bits`
+    int animated_nodes = 0;                  // chains of descendants with a transform animation
+    unsigned animated_children = 0;          // children with one of `animated_bits`
     std::unique_ptr<hit_index> child_index;  // made and dropped by itself
     std::uint32_t number_in_parent = 0;      // while the parent has an index
     bool tested_before = false;              // a hit test has missed an index
     D2D_RECT_F clip_rect{};
     handler_list handlers;
-    key_function key_handler;
-    char_function char_handler;
-    focus_function focus_handler;
+    handler_slot<key_function> key_handler;
+    handler_slot<char_function> char_handler;
+    handler_slot<focus_function> focus_handler;
     int user_value = 0;
     com::ptr<IUnknown> user_object;
 

@@ -54,6 +54,7 @@ void node::add_child(com::ptr<INode> child) {
 }
 
 bool node::remove_child(com::ptr<INode> child) {
+    const com::ptr<node> keep = this;
     const com::ptr<node> removed = expected_node(child);
     if (removed->parent != this) return false;
     if (removed->view != view) throw std::logic_error("unexpected");
@@ -93,9 +94,9 @@ void node::reset() noexcept {
     user_value = 0;
     user_object.reset();
     handlers.clear();
-    key_handler = nullptr;
-    char_handler = nullptr;
-    focus_handler = nullptr;
+    key_handler.reset();
+    char_handler.reset();
+    focus_handler.reset();
     clip_geometry.reset();
     bounds_handlers.clear();
     foreground.clear();

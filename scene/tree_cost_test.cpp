@@ -211,6 +211,7 @@ TEST_F(tree_cost, mouse_that_moves_within_a_node_allocates_nothing) {
                       static_cast<void>(edge->get_cursor({50, 50}));
                   }
               }));
+    view->set_root(nullptr);  // the handler hears of that, too
 }
 
 }  // namespace

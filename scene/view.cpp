@@ -14,6 +14,10 @@ namespace {
 
 std::uint64_t attachments = 0;  // so far, of all views
 
+void require_free(const com::ptr<node>& next) {
+    if (next && (next->view || next->parent)) throw std::logic_error("Node already in a tree");
+}
+
 }  // namespace
 
 view::view() = default;
@@ -22,11 +26,17 @@ view::~view() = default;
 void view::set_root(com::ptr<INode> new_root) {
     com::ptr<node> next = com::internal_object<node>(new_root.get());
     if (next == root) return;
-    if (next && (next->view || next->parent)) throw std::logic_error("Node already in a tree");
+    require_free(next);
+    const com::ptr<node> former = root;
     removal removed;
-    if (root) removed = leave(*root);
-    root = std::move(next);
-    if (root) enter(*root);
+    if (former) removed = leave(*former);
+    if (root == former) root.reset();
+    // A root that a handler has chosen meanwhile stays.
+    if (!root) {
+        require_free(next);
+        root = std::move(next);
+        if (root) enter(*root);
+    }
     repair(removed);
 }
 

@@ -11,7 +11,7 @@ namespace d2d::scene {
 namespace {
 
 void call_focus_handler(node& at, INode* old_focus, INode* new_focus) {
-    if (at.focus_handler) at.focus_handler(old_focus, new_focus);
+    at.focus_handler.call(old_focus, new_focus);
 }
 
 /// Tells the nodes above two focus nodes that want to hear of their descendants: those above both from the
@@ -48,8 +48,7 @@ bool view::on_key_event(input::key::event event) {
     if (!focus_node) return false;
     const com::ptr<view> keep = this;
     const node_chain chain(*focus_node);
-    return chain.route(
-        [&](node& at, int depth) { return at.key_handler && at.key_handler(&at, depth, event); });
+    return chain.route([&](node& at, int depth) { return at.key_handler.call(&at, depth, event); });
 }
 
 void view::on_char(wchar_t character) {
@@ -58,7 +57,7 @@ void view::on_char(wchar_t character) {
     const node_chain chain(*focus_node);
     // Kept: unlike a key, a character names the focus node to every handler.
     static_cast<void>(chain.route([&, target = &chain[0]](node& at, int depth) {
-        return at.char_handler && at.char_handler(target, depth, character);
+        return at.char_handler.call(target, depth, character);
     }));
 }
 

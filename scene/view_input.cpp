@@ -133,11 +133,11 @@ HCURSOR view::get_cursor(D2D_POINT_2F point) {
     if (!has_handlers(path)) return nullptr;
     const kept_path keep_nodes(path);
     return route(path.size(), [&](std::size_t index, int depth) {
-        return path[index].at->handlers.dispatch(
-            handler_kind::cursor, handler_record::event_bits, [&](handler_record& record) {
-                const auto invoke = reinterpret_cast<INode::cursor_invoke*>(record.invoke);
-                return invoke(handler_list::functor_of(&record), path.back().at, depth, {0, 0});
-            });
+        // Whatever events they name: no event asks for a cursor.
+        return path[index].at->handlers.dispatch(handler_kind::cursor, 0, [&](handler_record& record) {
+            const auto invoke = reinterpret_cast<INode::cursor_invoke*>(record.invoke);
+            return invoke(handler_list::functor_of(&record), path.back().at, depth, {0, 0});
+        });
     });
 }
 

@@ -32,27 +32,34 @@ void view::enter(node& top) {
 
 view::removal view::leave(node& top) {
     const com::ptr<view> shown_in = top.view;
+    const com::ptr<node> above = top.parent;
+    // Handlers may take it out themselves, and even put it elsewhere.
+    const auto is_leaving = [&] { return top.view == shown_in && top.parent == above; };
     removal result{shown_in};
     if (shown_in->hover_target && top.is_above(*shown_in->hover_target)) {
         result.hover_target_inside = true;
         const com::ptr<node> former = std::exchange(shown_in->hover_target, nullptr);
         shown_in->end_hover(*former, shown_in->last_modifiers);
-        if (top.view != shown_in) return result;  // a handler has taken it out already
+        if (!is_leaving()) return result;
     }
     const auto& path = shown_in->hover_path;
     result.on_hover_path = std::any_of(path.begin(), path.end(), [&](const auto& at) { return at == &top; });
     if (shown_in->render_target) shown_in->invalidate(top, true);
-    walk_children_first(top, [&](node& at) { shown_in->forget(at); });
+    bool handler_ran = false;
+    walk_children_first(top, [&](node& at) {
+        if (shown_in->focus_node == &at) {
+            handler_ran = true;
+            const com::ptr<node> former = std::exchange(shown_in->focus_node, nullptr);
+            former->focus_handler.call(former.get(), nullptr);
+        }
+        if (handler_ran && !(is_leaving() && top.is_above(at))) return;
+        if (at.view == shown_in) shown_in->forget(at);
+    });
     return result;
 }
 
 /// A node leaves the view.
 void view::forget(node& leaving) {
-    if (focus_node == &leaving) {
-        const com::ptr<node> former = std::exchange(focus_node, nullptr);
-        if (former->focus_handler) former->focus_handler(former.get(), nullptr);
-    }
-    if (leaving.view != this) return;  // a handler has taken it out already
     if (render_target) leaving.release_recording();
     leaving.view = nullptr;
 }
@@ -63,8 +70,10 @@ void view::repair(const removal& removed) {
     if (removed.hover_target_inside || removed.on_hover_path) {
         hit_path path;
         if (shown_in.root) path = hit_path::from_root(*shown_in.root, shown_in.last_point);
+        const kept_path keep(path);
         if (removed.on_hover_path) shown_in.update_hover(path, shown_in.last_modifiers);
-        if (removed.hover_target_inside && !path.empty()) shown_in.hover_over(path, shown_in.last_modifiers);
+        const bool still_shown = !path.empty() && path.back().at->view == &shown_in;
+        if (removed.hover_target_inside && still_shown) shown_in.hover_over(path, shown_in.last_modifiers);
     }
     shown_in.update_clock();
 }
