@@ -1,0 +1,242 @@
+// Hit tests of nodes with many children find what asking every child finds.
+
+#include "scene/hit_index.h"
+#include "scene/hit_path.h"
+#include "scene/testing/allocation_count.h"
+#include "scene/testing/modelled_tree_test.h"
+
+#include <limits>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace d2d::scene {
+namespace {
+
+using fakes::tree_model;
+
+class hit_index_test : public fakes::modelled_tree_test<fakes::hit_model> {
+protected:
+    /// A parent, above it a node to turn and scale it, and many children, some with children themselves.
+    void grow(unsigned many) {
+        top = &make_pair();
+        parent = &make_pair();
+        root = top->real;
+        add(*top, *parent);
+        for (unsigned i = 0; i < many; ++i) add_child_of_some_kind();
+    }
+    void add_child_of_some_kind() {
+        pair& child = make_pair();
+        if (one_in(12)) set_mode(child, one_in(2) ? 0 : 2);
+        if (!one_in(15)) record_shapes(child, any_rect(size), std::nullopt);
+        if (one_in(20)) change_any_of(child, size, reach);
+        if (one_in(6)) {
+            pair& grandchild = make_pair();
+            record_shapes(grandchild, any_rect(size), std::nullopt);
+            move_to(grandchild, any_matrix(size));
+            add(child, grandchild);
+        }
+        if (child.model.hit_mode == 2) set_clip(child, any_rect(size));  // else it would take every point
+        add(*parent, child);
+        move_to(child, one_in(3) ? any_matrix(reach)
+                                 : translation_matrix(between(-reach, reach), between(-reach, reach)));
+    }
+
+    D2D_POINT_2F any_point() {
+        constexpr float far_out[] = {1e4f,
+                                     -29999,
+                                     30001,
+                                     1e6f,
+                                     -1e9f,
+                                     1e30f,
+                                     std::numeric_limits<float>::max(),
+                                     std::numeric_limits<float>::infinity(),
+                                     std::numeric_limits<float>::quiet_NaN()};
+        const auto coordinate = [&] {
+            if (one_in(60)) return far_out[below(9)];
+            const float whole = between(-reach - size, reach + size);
+            return one_in(2) ? whole : whole + between(0, 15) / 16;
+        };
+        return {coordinate(), coordinate()};
+    }
+    /// Compares some tests; counts those that used an index.
+    void compare(int points) {
+        for (int i = 0; i < points; ++i) {
+            const D2D_POINT_2F p = any_point();
+            const auto expected = top->model.path_at(p);
+            ASSERT_EQ(text_of(expected), text_of(hit_path::from_root(inside(top->real), p)))
+                << "at " << fakes::call_text(p);
+            const auto expected_below = parent->model.path_below(p);
+            ASSERT_EQ(text_of(expected_below), text_of(hit_path::below(inside(parent->real), p)))
+                << "below, at " << fakes::call_text(p);
+            hits += !expected_below.empty();
+            indexed += static_cast<bool>(inside(parent->real).child_index);
+        }
+    }
+    pair& any_child() { return *pairs[2 + below(static_cast<unsigned>(pairs.size() - 2))]; }
+    void change_something() {
+        pair& changed = any_child();
+        pair* const above = const_cast<pair*>(pair_of(changed.model.parent));
+        switch (below(12)) {
+            case 0:
+                if (above) remove(*above, changed);
+                return;
+            case 1:
+                if (above) remove(*above, changed);
+                if (changed.model.children.empty()) set_mode(changed, static_cast<int>(below(2)));
+                return add(*parent, changed);
+            case 2:
+                return move_to(*parent, any_matrix(40));
+            case 3:
+                return record_shapes(*parent, one_in(2) ? tree_model::area(any_rect(reach)) : std::nullopt,
+                                     one_in(9) ? tree_model::area(any_rect(size)) : std::nullopt);
+            case 4:
+                return set_clip(*parent, one_in(2) ? tree_model::area(any_rect(3 * reach)) : std::nullopt);
+            default:
+                if (changed.model.hit_mode == 2) return move_to(changed, any_matrix(reach));
+                return change_any_of(changed, size, reach);
+        }
+    }
+
+    const int size = 24;
+    const int reach = 200;
+    pair* top = nullptr;
+    pair* parent = nullptr;
+    int hits = 0;
+    int indexed = 0;
+};
+
+TEST_F(hit_index_test, finds_what_asking_every_child_finds_while_children_change) {
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    grow(250);
+    int tests = 0;
+    for (int round = 0; round < 1500; ++round) {
+        SCOPED_TRACE(testing::Message() << "round " << round);
+        for (unsigned changes = below(4); changes > 0; --changes) change_something();
+        compare(8);
+        if (HasFatalFailure()) return;
+        tests += 8;
+    }
+    // The comparison says something: there was an index most of the time, and children were hit.
+    EXPECT_GT(indexed, tests / 4);
+    EXPECT_GT(hits, tests / 10);
+}
+
+TEST_F(hit_index_test, finds_the_same_among_as_many_children_as_just_need_it) {
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    grow(hit_index::fewest_children + 4);
+    for (int round = 0; round < 2000; ++round) {
+        SCOPED_TRACE(testing::Message() << "round " << round);
+        if (one_in(4)) change_something();
+        compare(3);
+        if (HasFatalFailure()) return;
+    }
+    EXPECT_GT(indexed, 200);
+}
+
+TEST_F(hit_index_test, children_that_reach_the_same_cells_are_asked_front_to_back) {
+    top = &make_pair();
+    parent = &make_pair();
+    root = top->real;
+    add(*top, *parent);
+    for (int i = 0; i < 100; ++i) {
+        pair& child = make_pair();
+        record_shapes(child, D2D_RECT_F{0, 0, 100.0f - static_cast<float>(i), 100}, std::nullopt);
+        add(*parent, child);
+    }
+    for (int repeat = 0; repeat < 3; ++repeat) {
+        for (int x = 0; x < 100; ++x) {
+            const D2D_POINT_2F p{static_cast<float>(x) + 0.5f, 50};
+            EXPECT_EQ(pairs[static_cast<std::size_t>(101 - x)]->real.get(),
+                      static_cast<INode*>(hit_path::from_root(inside(root), p).back().at));
+        }
+    }
+}
+
+TEST_F(hit_index_test, children_without_a_place_in_a_grid_are_asked_all_the_same) {
+    top = &make_pair();
+    parent = &make_pair();
+    root = top->real;
+    add(*top, *parent);
+    constexpr float endless = std::numeric_limits<float>::infinity();
+    const D2D_RECT_F odd[] = {{-endless, 0, endless, 5},
+                              {0, -1e38f, 5, 1e38f},
+                              {-3e38f, -3e38f, 3e38f, 3e38f},
+                              {std::numeric_limits<float>::quiet_NaN(), 0, 5, 5},
+                              {1e8f, 1e8f, 1e8f + 64, 1e8f + 64},
+                              {5, 5, 5, 5},
+                              {9, 9, 3, 3}};
+    for (int i = 0; i < 60; ++i) {
+        pair& child = make_pair();
+        record_shapes(child, odd[static_cast<std::size_t>(i) % std::size(odd)], std::nullopt);
+        move_to(child, any_matrix(50));
+        add(*parent, child);
+    }
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    for (int i = 0; i < 200 && !HasFatalFailure(); ++i) {
+        compare(5);
+        move_to(any_child(), any_matrix(50));
+    }
+    EXPECT_GT(indexed, 100);
+}
+
+TEST_F(hit_index_test, child_whose_adding_throws_is_found) {
+    top = &make_pair();
+    parent = &make_pair();
+    root = top->real;
+    add(*top, *parent);
+    for (int i = 0; i < 40; ++i) {
+        pair& child = make_pair();
+        record_shapes(child, D2D_RECT_F{0, 0, 8, 8}, std::nullopt);
+        move_to(child, translation_matrix(static_cast<float>(10 * i), 0));
+        add(*parent, child);
+    }
+    compare(5);
+    EXPECT_EQ(5, indexed + 1);
+    const auto token = parent->real->add_bounds_handler({});
+    pair& late = make_pair();
+    record_shapes(late, D2D_RECT_F{0, 0, 8, 8}, std::nullopt);
+    move_to(late, translation_matrix(5, 50));
+    EXPECT_THROW(add(*parent, late), std::bad_function_call);
+    parent->real->remove_bounds_handler(token);
+    record_shapes(late, D2D_RECT_F{0, 0, 9, 9}, std::nullopt);
+    for (int i = 0; i < 3; ++i) {
+        const auto path = hit_path::from_root(inside(root), {9, 55});
+        ASSERT_EQ(3u, path.size());
+        EXPECT_EQ(late.real.get(), static_cast<INode*>(path.back().at));
+    }
+}
+
+TEST_F(hit_index_test, mouse_that_moves_within_one_of_many_children_allocates_nothing) {
+    top = &make_pair();
+    parent = &make_pair();
+    root = top->real;
+    add(*top, *parent);
+    for (int i = 0; i < 500; ++i) {
+        pair& child = make_pair();
+        record_shapes(child, D2D_RECT_F{0, 0, 40, 40}, std::nullopt);
+        move_to(child, translation_matrix(static_cast<float>(i % 25 * 50), static_cast<float>(i / 25 * 50)));
+        add(*parent, child);
+    }
+    int heard = 0;
+    pairs[2 + 260]->real->add_mouse_handler([&](INode*, int, input::mouse::event) { return ++heard, false; });
+    view->set_root(root);
+    const auto move = [&](float x, float y) {
+        edge->on_mouse_event({input::mouse::event_type::move, std::nullopt, 0, {x, y}, 0});
+    };
+    const auto moves_within = [&] {
+        for (int i = 0; i < 40; ++i) move(static_cast<float>(500 + i), 520);
+    };
+    move(505, 505);
+    move(505, 505);
+    ASSERT_TRUE(inside(parent->real).child_index);
+    heard = 0;
+    const std::size_t before = fakes::allocation_count();
+    moves_within();
+    EXPECT_EQ(before, fakes::allocation_count());
+    EXPECT_EQ(40, heard);
+    view->set_root(nullptr);  // the handler hears of that, too
+}
+
+}  // namespace
+}  // namespace d2d::scene
