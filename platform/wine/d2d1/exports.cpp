@@ -2,6 +2,7 @@
 #include "geometry_completion.h"
 #include "guarded.h"
 #include "owned.h"
+#include "presentation_completion.h"
 #include "system_library.h"
 
 #include <d2d1_1.h>
@@ -18,6 +19,7 @@ system_library& original() {
 void complete(ID2D1Factory* factory) {
     complete_geometries(factory);
     complete_effects(factory);
+    complete_presentation(factory);
 }
 
 void complete_factory_of(ID2D1Resource* resource) {
