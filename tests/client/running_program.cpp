@@ -15,13 +15,22 @@ std::filesystem::path own_folder() {
     return std::filesystem::path(name.data()).parent_path();
 }
 
+std::chrono::microseconds microseconds_of(FILETIME time) {
+    ULARGE_INTEGER ticks{};  // of 100 nanoseconds
+    ticks.LowPart = time.dwLowDateTime;
+    ticks.HighPart = time.dwHighDateTime;
+    return std::chrono::microseconds(ticks.QuadPart / 10);
+}
+
 }  // namespace
 
-running_program::running_program(const std::wstring& name, const std::wstring& title) {
-    std::wstring file = (own_folder() / name).wstring();
+running_program::running_program(const std::wstring& name, const std::wstring& title,
+                                 const std::wstring& arguments) {
+    const std::wstring file = (own_folder() / name).wstring();
+    std::wstring command = L"\"" + file + L"\" " + arguments;
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
-    if (!CreateProcessW(file.c_str(), file.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+    if (!CreateProcessW(file.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &process_)) {
         throw std::runtime_error("the program does not start");
     }
@@ -38,6 +47,16 @@ running_program::~running_program() {
     if (WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(process_.hProcess, 99);
     CloseHandle(process_.hThread);
     CloseHandle(process_.hProcess);
+}
+
+std::chrono::microseconds running_program::processor_time() const {
+    FILETIME created{};
+    FILETIME ended{};
+    FILETIME kernel{};
+    FILETIME user{};
+    if (!GetThreadTimes(process_.hThread, &created, &ended, &kernel, &user))
+        throw std::runtime_error("the times of the program's thread cannot be read");
+    return microseconds_of(kernel) + microseconds_of(user);
 }
 
 DWORD running_program::exit_code() {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <chrono>
 #include <string>
 
 namespace client_test {
@@ -10,13 +11,17 @@ namespace client_test {
 /// does not start, or shows no window with the given title in good time.
 class running_program {
 public:
-    running_program(const std::wstring& name, const std::wstring& title);
+    running_program(const std::wstring& name, const std::wstring& title, const std::wstring& arguments = {});
     running_program(const running_program&) = delete;
     running_program& operator=(const running_program&) = delete;
     /// Ends it by force when it is still there.
     ~running_program();
 
     [[nodiscard]] HWND window() const noexcept { return window_; }
+
+    /// What its first thread, that of its windows, has used of the processor since the start, in the system's
+    /// steps. Of other processes as a whole Wine cannot tell.
+    [[nodiscard]] std::chrono::microseconds processor_time() const;
 
     /// Waits until the program has ended and gives its exit code; throws `std::runtime_error` when it does
     /// not.

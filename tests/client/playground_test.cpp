@@ -1,0 +1,228 @@
+// The example to play with, as its user sees it: real input, and what shows of it.
+
+#include "running_program.h"
+#include "settled_picture.h"
+#include "support/golden.h"
+#include "support/input.h"
+#include "support/message_pump.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+namespace {
+
+using client_test::running_program;
+using client_test::settled_picture;
+using namespace std::chrono_literals;
+using test_support::click;
+using test_support::drag;
+using test_support::grab_client_area;
+using test_support::move_mouse;
+using test_support::picture;
+using test_support::strike_key;
+
+// Text may be smoothed a little differently from one version of the fonts to the next.
+constexpr test_support::tolerance fonts{.channel = 24, .pixels = 300};
+
+// Where the toys are at the start, and a place without one.
+constexpr POINT buoy{464, 354};
+constexpr POINT wheel{354, 208};
+constexpr POINT anchor{234, 354};
+constexpr POINT boat{584, 238};
+constexpr POINT water{244, 208};
+
+class playground_example : public testing::Test {
+protected:
+    void SetUp() override {
+        SetForegroundWindow(window);
+        ASSERT_TRUE(test_support::pump_until([&] { return GetForegroundWindow() == window; }));
+        move_mouse(window, water);
+        shown = settled_picture(window);
+    }
+
+    /// Does something that changes what shows, and waits until it has.
+    template <class Action>
+    void change(Action&& action) {
+        action();
+        const auto changed = [&] { return grab_client_area(window) != shown; };
+        ASSERT_TRUE(test_support::pump_until(changed)) << "nothing changes";
+        shown = settled_picture(window);
+    }
+
+    /// The same, followed by a comparison.
+    template <class Action>
+    void change(std::string_view golden, Action&& action) {
+        SCOPED_TRACE(golden);
+        change(action);
+        expect_shown(golden);
+    }
+
+    void expect_shown(std::string_view golden) const {
+        EXPECT_TRUE(test_support::matches_golden(shown, "playground/" + std::string(golden), fonts));
+    }
+
+    /// Waits until the window shows `earlier` again, to the pixel.
+    void expect_back(const picture& earlier) {
+        const bool back = test_support::pump_until([&] { return grab_client_area(window) == earlier; }, 5s);
+        shown = grab_client_area(window);
+        EXPECT_TRUE(back) << test_support::compare(earlier, shown).pixels << " pixels differ";
+    }
+
+    running_program program{L"playground.exe", L"Playground", L"--still"};
+    HWND window = program.window();
+    picture shown;
+};
+
+TEST_F(playground_example, lights_up_what_is_under_the_mouse) {
+    const picture start = shown;
+    expect_shown("start");
+    change("hovered", [&] { move_mouse(window, wheel); });
+    change("hovered_next", [&] { move_mouse(window, anchor); });
+    change([&] { move_mouse(window, water); });
+    expect_back(start);
+}
+
+TEST_F(playground_example, moves_a_toy_by_dragging_it_and_keeps_it_in_the_water) {
+    change("dragged", [&] { drag(window, wheel, {wheel.x + 60, wheel.y + 40}); });
+    change("dragged_away", [&] { drag(window, anchor, {anchor.x - 350, anchor.y + 250}); });
+}
+
+TEST_F(playground_example, gives_the_focus_by_click_and_tab_and_moves_the_focused_toy_by_arrow_keys) {
+    change("clicked", [&] { click(window, buoy); });
+    change([&] { move_mouse(window, water); });
+    const picture ringed = shown;
+    change("moved_by_keys", [] {
+        strike_key(VK_UP);
+        strike_key(VK_UP);
+        strike_key(VK_RIGHT);
+        strike_key(VK_DOWN, {VK_SHIFT});
+    });
+    change([] {
+        strike_key(VK_DOWN);
+        strike_key(VK_DOWN);
+        strike_key(VK_LEFT);
+        strike_key(VK_UP, {VK_SHIFT});
+    });
+    expect_back(ringed);
+    change("tabbed", [] { strike_key(VK_TAB); });
+    change([] { strike_key(VK_TAB, {VK_SHIFT}); });
+    expect_back(ringed);
+    change("unfocused", [&] { click(window, water); });
+    change([&] { strike_key(VK_TAB, {VK_SHIFT}); });  // the last one
+    change([&] { strike_key(VK_TAB); });              // and around to the first
+    expect_shown("first_focused");
+}
+
+TEST_F(playground_example, puts_a_toy_back_when_escape_ends_the_drag) {
+    change([&] { click(window, wheel); });
+    change([&] { move_mouse(window, water); });
+    const picture before = shown;
+    change([&] {
+        move_mouse(window, wheel);
+        test_support::press_mouse();
+        move_mouse(window, {wheel.x + 50, wheel.y + 50});
+        move_mouse(window, {wheel.x + 90, wheel.y + 60});
+    });
+    expect_shown("in_a_drag");
+    change([] { strike_key(VK_ESCAPE); });
+    move_mouse(window, {wheel.x + 140, wheel.y + 60});
+    test_support::release_mouse();
+    move_mouse(window, water);
+    expect_back(before);
+}
+
+/// The window that floats above `owner`, or null.
+HWND floating_above(HWND owner) {
+    struct search {
+        HWND owner;
+        HWND found;
+    } wanted{owner, nullptr};
+    const auto look = [](HWND window, LPARAM parameter) -> BOOL {
+        auto& sought = *reinterpret_cast<search*>(parameter);
+        if (GetWindow(window, GW_OWNER) == sought.owner && IsWindowVisible(window)) sought.found = window;
+        return !sought.found;
+    };
+    EnumWindows(look, reinterpret_cast<LPARAM>(&wanted));
+    return wanted.found;
+}
+
+RECT place_of(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+TEST_F(playground_example, flies_a_kite_out_of_the_window_that_follows_its_boat_and_its_window) {
+    const HWND kite = floating_above(window);
+    ASSERT_TRUE(kite);
+    const auto expect_moved = [&](RECT from, int x, int y) {
+        const auto there = [&] {
+            const RECT now = place_of(kite);
+            return now.left == from.left + x && now.top == from.top + y && now.right == from.right + x &&
+                   now.bottom == from.bottom + y;
+        };
+        EXPECT_TRUE(test_support::pump_until(there)) << "not by " << x << ", " << y;
+    };
+    const RECT start = place_of(kite);
+    const RECT frame = place_of(window);
+    EXPECT_LT(start.top, frame.top);
+    EXPECT_GT(start.right, frame.right);
+
+    // The grip lies beneath the kite's string: the mouse goes through its window.
+    const POINT grip{boat.x + 12, boat.y - 52};
+    change("kite_follows", [&] { drag(window, grip, {grip.x - 70, grip.y + 10}); });
+    expect_moved(start, -70, 10);
+
+    const RECT before = place_of(kite);
+    SetWindowPos(window, nullptr, frame.left + 40, frame.top + 30, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    expect_moved(before, 40, 30);
+
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(0u, program.exit_code());
+    EXPECT_FALSE(IsWindow(kite));
+}
+
+struct activity {
+    int changes;  ///< of what shows, seen in looks that are 20 ms apart
+    std::chrono::microseconds processor_time;
+};
+
+/// What a program does within two seconds, left alone.
+activity watched(const running_program& program) {
+    activity result{};
+    const auto used = program.processor_time();
+    picture last = grab_client_area(program.window());
+    const auto end = std::chrono::steady_clock::now() + 2s;
+    while (std::chrono::steady_clock::now() < end) {
+        test_support::pump_for(20ms);
+        picture next = grab_client_area(program.window());
+        result.changes += next == last ? 0 : 1;
+        last = std::move(next);
+    }
+    result.processor_time = program.processor_time() - used;
+    return result;
+}
+
+TEST(playground, at_rest_uses_no_processor_time_and_animated_gets_its_ticks) {
+    activity still{};
+    {
+        const running_program program(L"playground.exe", L"Playground", L"--still");
+        static_cast<void>(settled_picture(program.window()));
+        still = watched(program);
+    }
+    EXPECT_EQ(0, still.changes);
+    EXPECT_LE(still.processor_time, 20ms);
+
+    const running_program program(L"playground.exe", L"Playground");
+    test_support::pump_for(1s);
+    const activity animated = watched(program);
+    EXPECT_GE(animated.changes, 10);
+    EXPECT_GT(animated.processor_time, 20ms);
+    std::cout << "in 2 s: at rest " << still.processor_time.count() / 1000
+              << " ms of processor time, animated " << animated.processor_time.count() / 1000 << " ms and "
+              << animated.changes << " changes\n";
+}
+
+}  // namespace
