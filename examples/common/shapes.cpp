@@ -64,6 +64,11 @@ com::ptr<ID2D1Geometry> hill(float left, float right, float foot, float top) {
     });
 }
 
+com::ptr<ID2D1StrokeStyle> round_strokes() {
+    return d2d::factory::create_stroke_style(D2D1_DASH_STYLE_SOLID, D2D1_CAP_STYLE_ROUND,
+                                             D2D1_LINE_JOIN_ROUND, 10, 0);
+}
+
 com::ptr<IDWriteTextLayout> text(std::wstring_view what, float size, float width, DWRITE_FONT_WEIGHT weight) {
     return d2d::scene::ITextFormat::get(L"Segoe UI", weight, DWRITE_FONT_STYLE_NORMAL, size)
         ->create_layout(what, width, 0);

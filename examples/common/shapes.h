@@ -22,6 +22,9 @@ namespace sketch {
 /// A closed hill between two feet, with its top in the middle.
 [[nodiscard]] com::ptr<ID2D1Geometry> hill(float left, float right, float foot, float top);
 
+/// Round ends and corners.
+[[nodiscard]] com::ptr<ID2D1StrokeStyle> round_strokes();
+
 [[nodiscard]] com::ptr<IDWriteTextLayout> text(std::wstring_view what, float size, float width = 0,
                                                DWRITE_FONT_WEIGHT weight = DWRITE_FONT_WEIGHT_NORMAL);
 

@@ -30,8 +30,7 @@ node make_boat(const palette& colours) {
 node make_water(const palette& colours) {
     return recorded([&](d2d::scene::IDrawingContext& context) {
         context.fill_geometry(rectangle(0, 0, 320, 90).get(), colours.water.get());
-        const auto round = d2d::factory::create_stroke_style(D2D1_DASH_STYLE_SOLID, D2D1_CAP_STYLE_ROUND,
-                                                             D2D1_LINE_JOIN_ROUND, 10, 0);
+        const auto round = round_strokes();
         for (int row = 0; row < 4; ++row) {
             const float left = row % 2 ? -10.0f : -30.0f;
             const float y = 16.0f + static_cast<float>(row) * 20;

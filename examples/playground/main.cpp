@@ -50,10 +50,10 @@ int run(bool still) {
     window.addContent(pond->node().get());
 
     pond->add(playground::make_lighthouse(colours, still), {110, 96});
-    pond->add(playground::make_buoy(colours, still), {250, 236});
-    pond->add(playground::make_wheel(colours, still), {340, 90});
-    pond->add(playground::make_anchor(colours), {110, 250});
-    const auto boat = pond->add(playground::make_boat(colours), {540, 200});
+    pond->add(playground::make_buoy(colours, still), {440, 246});
+    pond->add(playground::make_wheel(colours, still), {330, 100});
+    pond->add(playground::make_anchor(colours), {210, 246});
+    const auto boat = pond->add(playground::make_boat(colours), {560, 130});
 
     window.create_window(0, L"Playground", WS_OVERLAPPEDWINDOW, 200, 220, 720, 500, nullptr, nullptr);
     window.show_window(SW_SHOW);

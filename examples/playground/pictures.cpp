@@ -70,20 +70,17 @@ node make_buoy(const palette& colours, bool still) {
         into.fill_geometry(polygon({{-26, 4}, {26, 4}, {20, 28}, {-20, 28}}).get(), colours.accent.get());
         into.fill_geometry(polygon({{-24, 12}, {24, 12}, {22.5f, 18}, {-22.5f, 18}}).get(),
                            colours.sail.get());
-        into.draw_geometry(waves(-36, 29, 24, 3).get(), colours.wave.get(), 3, nullptr);
+        into.draw_geometry(waves(-36, 29, 24, 3).get(), colours.wave.get(), 3, round_strokes().get());
         write_word(into, L"pulsates", colours);
     });
 }
 
 node make_wheel(const palette& colours, bool still) {
     auto wheel = recorded([&](context& into) {
+        const auto round = round_strokes();
         for (float angle = 0; angle < 180; angle += 45) {
-            const auto turn = turned(angle, 0, 0);
-            const D2D_POINT_2F end{turn._11 * 38, turn._12 * 38};
-            into.draw_geometry(polygon({{-end.x, -end.y}, {end.x, end.y}}).get(), colours.hull.get(), 5,
-                               nullptr);
-            into.fill_geometry(circle(end.x, end.y, 4.5f).get(), colours.sun.get());
-            into.fill_geometry(circle(-end.x, -end.y, 4.5f).get(), colours.sun.get());
+            const auto spoke = d2d::factory::parse_svg_path("M-38 0 H38", turned(angle, 0, 0));
+            into.draw_geometry(spoke.get(), colours.hull.get(), 5, round.get());
         }
         into.draw_geometry(circle(0, 0, 24).get(), colours.hull.get(), 8, nullptr);
         into.draw_geometry(circle(0, 0, 24).get(), colours.sun.get(), 1.5f, nullptr);
@@ -121,7 +118,7 @@ node make_boat(const palette& colours) {
         into.fill_geometry(polygon({{4, -2}, {4, -42}, {32, -2}}).get(), colours.sail.get());
         into.fill_geometry(polygon({{-4, -4}, {-4, -36}, {-26, -4}}).get(), colours.accent.get());
         into.fill_geometry(polygon({{-42, 6}, {42, 6}, {30, 26}, {-30, 26}}).get(), colours.hull.get());
-        into.draw_geometry(waves(-48, 28, 24, 4).get(), colours.wave.get(), 3, nullptr);
+        into.draw_geometry(waves(-48, 28, 24, 4).get(), colours.wave.get(), 3, round_strokes().get());
         write_word(into, L"flies a kite", colours);
     });
 }
@@ -131,10 +128,10 @@ node make_kite(const palette& colours) {
         constexpr float x = 128;
         constexpr float y = -226;
         into.draw_geometry(svg("M0 0 C60 -20 110 -90 128 -200", 1, 0, 0).get(), colours.ink.get(), 1.5f,
-                           nullptr);
+                           round_strokes().get());
         into.draw_geometry(
             svg("M128 -188 C118 -172 146 -160 134 -140 C126 -126 150 -116 142 -100", 1, 0, 0).get(),
-            colours.accent.get(), 3, nullptr);
+            colours.accent.get(), 3, round_strokes().get());
         into.fill_geometry(polygon({{x, y - 44}, {x - 30, y}, {x, y}}).get(), colours.accent.get());
         into.fill_geometry(polygon({{x, y - 44}, {x + 30, y}, {x, y}}).get(), colours.sun.get());
         into.fill_geometry(polygon({{x, y + 40}, {x - 30, y}, {x, y}}).get(), colours.near_hill.get());

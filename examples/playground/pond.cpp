@@ -44,11 +44,12 @@ void pond::fit(D2D_SIZE_U window) {
     const auto context = water->draw(true);
     context->fill_geometry(sketch::rounded(0, 0, shore.right, shore.bottom, 18).get(), colours.water.get());
     const int waves = static_cast<int>(shore.right / 40) - 1;
+    const auto round = sketch::round_strokes();
     int row = 0;
     for (float y = 30; waves > 1 && y < shore.bottom - 16; y += 44, ++row) {
         const int shift = row % 3;
         context->draw_geometry(sketch::waves(20 + 20 * static_cast<float>(shift), y, 40, waves - shift).get(),
-                               colours.ripple.get(), 2, nullptr);
+                               colours.ripple.get(), 2, round.get());
     }
     for (const auto& each : toys) each->keep_within(shore);
 }
