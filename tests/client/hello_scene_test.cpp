@@ -20,7 +20,7 @@ TEST(hello_scene, shows_its_scene_follows_its_window_and_ends_with_it) {
     running_program program(L"hello_scene.exe", L"Hello, scene");
     EXPECT_TRUE(matches_golden(settled_picture(program.window()), "hello_scene/start", fonts));
 
-    SetWindowPos(program.window(), nullptr, 0, 0, 720, 500, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    program.set_position(0, 0, 720, 500, SWP_NOMOVE);
     const picture larger = settled_picture(program.window());
     EXPECT_GT(larger.width, 700u);
     EXPECT_TRUE(matches_golden(larger, "hello_scene/larger", fonts));

@@ -175,8 +175,7 @@ TEST_F(playground_example, flies_a_kite_out_of_the_window_that_follows_its_boat_
     expect_moved(start, -70, 10);
 
     const RECT before = place_of(kite);
-    SetWindowPos(window, nullptr, frame.left + 40, frame.top + 30, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    program.set_position(frame.left + 40, frame.top + 30, 0, 0, SWP_NOSIZE);
     expect_moved(before, 40, 30);
 
     PostMessageW(window, WM_CLOSE, 0, 0);

@@ -3,8 +3,10 @@
 #include "support/message_pump.h"
 
 #include <array>
+#include <atomic>
 #include <filesystem>
 #include <stdexcept>
+#include <thread>
 
 namespace client_test {
 namespace {
@@ -57,6 +59,19 @@ std::chrono::microseconds running_program::processor_time() const {
     if (!GetThreadTimes(process_.hThread, &created, &ended, &kernel, &user))
         throw std::runtime_error("the times of the program's thread cannot be read");
     return microseconds_of(kernel) + microseconds_of(user);
+}
+
+void running_program::set_position(int x, int y, int width, int height, UINT flags) {
+    std::atomic<bool> done = false;
+    std::thread call([&] {
+        SetWindowPos(window_, nullptr, x, y, width, height, flags | SWP_NOZORDER | SWP_NOACTIVATE);
+        done = true;
+    });
+    while (!done) {
+        PostMessageW(window_, WM_NULL, 0, 0);
+        Sleep(10);
+    }
+    call.join();
 }
 
 DWORD running_program::exit_code() {

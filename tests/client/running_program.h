@@ -19,6 +19,10 @@ public:
 
     [[nodiscard]] HWND window() const noexcept { return window_; }
 
+    /// `SetWindowPos` on its window. The loop of the library's scene windows sleeps through messages that
+    /// other threads send until one is posted: this posts some for as long as the call waits.
+    void set_position(int x, int y, int width, int height, UINT flags);
+
     /// What its first thread, that of its windows, has used of the processor since the start, in the system's
     /// steps. Of other processes as a whole Wine cannot tell.
     [[nodiscard]] std::chrono::microseconds processor_time() const;
