@@ -76,7 +76,8 @@ protected:
             case 5:
                 return {{{1, between(-10, 10) / 4, between(-10, 10) / 16, 1.5f, x, y}}};
             case 6:
-                return one_in(4) ? translation_matrix(x * 1e6f, y * 1e6f) : translation_matrix(x / 8, y / 8);
+                return far_away && one_in(4) ? translation_matrix(x * 1e6f, y * 1e6f)
+                                             : translation_matrix(x / 8, y / 8);
             default:
                 return translation_matrix(x, y);
         }
@@ -161,6 +162,7 @@ protected:
         return text;
     }
 
+    bool far_away = false;  // some nodes are moved very far
     unsigned seed = std::random_device{}();
     std::mt19937 random{seed};
     std::vector<std::unique_ptr<pair>> pairs;
