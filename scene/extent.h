@@ -32,6 +32,19 @@ struct part_change {
     [[nodiscard]] bool none() const noexcept { return !differs(before, after); }
 };
 
+/// Whether the change of a part leaves `total`, the union of a number of parts, as it is, seen from the two
+/// rectangles alone: the part stays away from the edges, and inside them. Most changes do.
+[[nodiscard]] inline bool leaves_alone(const D2D_RECT_F& total, const part_change& change) noexcept {
+    const D2D_RECT_F& b = change.before.rect;
+    const D2D_RECT_F& a = change.after.rect;
+    if (change.before.valid &&
+        !(b.left > total.left && b.top > total.top && b.right < total.right && b.bottom < total.bottom)) {
+        return false;
+    }
+    return !change.after.valid ||
+           (a.left >= total.left && a.top >= total.top && a.right <= total.right && a.bottom <= total.bottom);
+}
+
 /// Brings `total`, the union of a number of parts, up to date with the change of one of them. False when the
 /// other parts have to be asked: the part held an edge of the union and has drawn back from it. `anchor` is
 /// another part, or the changed one as it now is: an edge that it reaches stays where it is.

@@ -37,6 +37,14 @@ extent united_hits(const node& at) {
     return total;
 }
 
+/// Whether the change of a part changes nothing in `at`. Seen at a glance; a "no" may turn out to be a "yes".
+bool unmoved_by(const node& at, const node_change& change) noexcept {
+    constexpr auto both = node::has_subtree_bounds | node::has_subtree_hit_bounds;
+    return !at.recompute && (at.content_flags & both) == both &&
+           leaves_alone(at.subtree_bounds, change.bounds) &&
+           (at.hit_mode != node::hit_by_content || leaves_alone(at.subtree_hit_bounds, change.hit));
+}
+
 /// The subtree rectangle behind the change of one part of it.
 extent next_bounds(const node& at, const part_change& change) {
     extent total = at.subtree_extent();
@@ -116,7 +124,7 @@ node_change take_in(node& at, const node_change& change) {
     if (at.recompute) recount_animated(at);
     set_flag(at, node::children_animated, at.animated_children > 0);
     node_change own;
-    if (at.recompute || !change.none()) own = take_in_rectangles(at, change);
+    if (!unmoved_by(at, change)) own = take_in_rectangles(at, change);
     if (is_shown_root && animated != ((at.content_flags & node::animated_bits) != 0) && at.view) {
         at.view->update_clock();
     }
@@ -190,6 +198,7 @@ void propagate_transform_change(node& child, const contribution& before) {
     if (child.parent) hit_index::child_changed(*child.parent, child);
     com::ptr<node> keep;  // lives until the next one is known
     for (node* at = child.parent; at && (bounds_change || hit_change); at = at->parent) {
+        if (unmoved_by(*at, change)) return;
         keep = kept_for_handlers(*at);
         reach at_before = reach_of(*at);
         const bool whole = bounds_change && hit_change;
