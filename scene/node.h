@@ -188,7 +188,9 @@ private:
         return content_flags & flag ? extent{true, rect} : extent{};
     }
     void reset() noexcept;
-    void replace_visuals(const command_list& new_background, const command_list& new_foreground);
+    void exchange_recordings(command_list& new_background, command_list& new_foreground);
+    void set_content_animated(bool animated) noexcept;
+    void store_recorded_area(const extent& content, const extent& own_hit, bool animated);
 
     [[no_unique_address]] factory graphics;
 };

@@ -186,6 +186,11 @@ void propagate_reach_change(node& child, const reach& before) {
     climb(*child.parent, change_since(before, child));
 }
 
+void propagate_animation_change(node& child) {
+    count_animated(*child.parent, child);
+    climb(*child.parent, {});
+}
+
 void propagate_own_hit_change(node& at, const extent& before) {
     if (at.parent) hit_index::child_changed(*at.parent, at);  // what it is hit by counts, too
     climb(at, {{}, {before, at.hit_extent()}});

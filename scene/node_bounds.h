@@ -44,6 +44,8 @@ void propagate_child_removed(node& at, node& child);
 void propagate_child_change(node& at, node& child, const contribution& before);
 /// `child` reached `before` and has changed, but for its transform; it has a parent.
 void propagate_reach_change(node& child, const reach& before);
+/// `child` covers what it covered; whether it is animated may have changed. It has a parent.
+void propagate_animation_change(node& child);
 /// What `at` itself is hit on was `before`.
 void propagate_own_hit_change(node& at, const extent& before);
 

@@ -39,6 +39,13 @@ IVisual::ISite* visual_site(node& recorded) {
     return first;
 }
 
+/// Whether a node covers just this content already, and is hit on just this.
+bool covers(const node& at, const extent& content, const extent& own_hit) noexcept {
+    constexpr auto both = node::has_content | node::has_hit_bounds;
+    return content.valid && own_hit.valid && (at.content_flags & both) == both &&
+           same_edges(content.rect, at.content_bounds) && same_edges(own_hit.rect, at.hit_bounds);
+}
+
 bool contains_any(const command_list& commands, D2D_POINT_2F point) {
     return std::any_of(commands.begin(), commands.end(), [=](const command& recorded) {
         return command_contains(recorded, point, hit_tolerance);
@@ -63,22 +70,45 @@ void node::install_recording(command_list&& new_background, command_list&& new_f
     const extent content{has_commands, has_commands ? bounds : D2D_RECT_F{}};
     const extent own_hit = own_hit_extent(*this, hit_mode, clip_geometry.get(), content);
     if (shown && (content_flags & has_content)) view->invalidate(*this, false);
+    exchange_recordings(new_background, new_foreground);
 
+    const bool was_animated = (content_flags & animated_bits) != 0;
+    bool changed = false;
+    if (!recompute && covers(*this, content, own_hit)) {
+        set_content_animated(animated);
+        if (parent) propagate_animation_change(*this);
+    } else {
+        const reach before = reach_of(*this);
+        store_recorded_area(content, own_hit, animated);
+        changed = differs(subtree_extent(), before.bounds);
+        if (parent) propagate_reach_change(*this, before);
+    }
+    if (!parent && view && was_animated != ((content_flags & animated_bits) != 0)) view->update_clock();
+    if (in_view_with_target() && (content_flags & has_content)) view->invalidate(*this, false);
+    if (changed) bounds_handlers.call(subtree_extent());
+}
+
+/// Swaps the recordings, and tells the visuals that only one of them shows. The arguments hold the old one
+/// from then on; they outlive the exchange, so that what both use is never released in between.
+void node::exchange_recordings(command_list& new_background, command_list& new_foreground) {
     IVisual::ISite* const site = visual_site(*this);
     for_each_visual_missing(foreground, background, new_foreground, new_background,
                             [=](IVisual* visual) { visual->detach(site); });
-    // From here on the arguments hold the old recording. They outlive the exchange, so that what both
-    // recordings use is never released in between.
     foreground.swap(new_foreground);
     background.swap(new_background);
     for_each_visual_missing(foreground, background, new_foreground, new_background,
                             [=](IVisual* visual) { visual->attach(site); });
+}
 
-    const reach before = reach_of(*this);
+void node::set_content_animated(bool animated) noexcept {
+    content_flags = static_cast<std::uint8_t>(animated ? content_flags | content_animated
+                                                       : content_flags & ~content_animated);
+}
+
+/// Takes what a new recording covers, and is hit on, into the node's rectangles.
+void node::store_recorded_area(const extent& content, const extent& own_hit, bool animated) {
     const extent hit_before = hit_extent();
-    const bool was_animated = (content_flags & animated_bits) != 0;
     const extent subtree = subtree_extent_with(*this, content);
-    const bool changed = differs(subtree, before.bounds);
     content_bounds = content.rect;
     const auto kept = content_flags & (has_hit_bounds | has_subtree_hit_bounds | focus_of_descendants);
     content_flags = static_cast<std::uint8_t>(
@@ -87,14 +117,6 @@ void node::install_recording(command_list&& new_background, command_list&& new_f
     subtree_bounds = subtree.rect;
     store_own_hit_bounds(*this, own_hit);
     update_subtree_hit_bounds(*this, hit_before);
-
-    if (parent) {
-        propagate_reach_change(*this, before);
-    } else if (view && was_animated != ((content_flags & animated_bits) != 0)) {
-        view->update_clock();
-    }
-    if (in_view_with_target() && (content_flags & has_content)) view->invalidate(*this, false);
-    if (changed) bounds_handlers.call(subtree_extent());
 }
 
 void node::bind_recording() {
