@@ -84,9 +84,7 @@ TEST_F(scroll_window_example, follows_the_thumbs_of_its_bars) {
 }
 
 TEST_F(scroll_window_example, keeps_its_headers_as_its_size_changes_and_ends_when_closed) {
-    const auto size = [&](int width, int height) {
-        program.set_position(0, 0, width, height, SWP_NOMOVE);
-    };
+    const auto size = [&](int width, int height) { program.set_position(0, 0, width, height, SWP_NOMOVE); };
     SendMessageW(window, WM_VSCROLL, SB_BOTTOM, 0);
     shown = settled_picture(window);
     expect_change("larger", [&] { size(1040, 700); });

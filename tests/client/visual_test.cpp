@@ -1,6 +1,7 @@
 // A client that paints itself, in a real window.
 
 #include "com/object.h"
+#include "d2d/scene/IDeferredExecutionService.h"
 #include "d2d/scene/IVisual.h"
 #include "d2d/win32_scene_window.h"
 #include "support/input.h"
@@ -67,6 +68,20 @@ TEST_F(visual_in_a_window, is_bound_painted_and_let_go) {
         window.destroy_window();
         EXPECT_EQ("attach bind unbind ", log);
     }
+}
+
+TEST_F(visual_in_a_window, a_node_finds_the_service_that_runs_things_later) {
+    d2d::win32_scene_window window;
+    window.create_window(0, L"later", WS_POPUP, 30, 30, 120, 80, nullptr, nullptr);
+    const com::ptr<IServiceProvider> asked(window.root_node());
+    com::ptr<d2d::scene::IDeferredExecutionService> service;
+    const GUID& id = com::guid_of<d2d::scene::IDeferredExecutionService>();
+    ASSERT_EQ(S_OK, asked->QueryService(id, id, service.put_void()));
+    int calls = 0;
+    service->defer_execution(&calls, [](void* data) { ++*static_cast<int*>(data); });
+    EXPECT_EQ(0, calls);
+    EXPECT_TRUE(test_support::pump_until([&] { return calls == 1; }));
+    window.destroy_window();
 }
 
 TEST_F(visual_in_a_window, closing_the_window_ends_the_loop_and_leaves_the_window) {
