@@ -53,12 +53,25 @@ INPUT move_to(POINT screen_point) {
     return input;
 }
 
+bool mouse_is_at(POINT screen_point) {
+    POINT reached{};
+    GetCursorPos(&reached);
+    return reached.x == screen_point.x && reached.y == screen_point.y;
+}
+
 void expect_mouse_at(POINT screen_point) {
     POINT reached{};
     GetCursorPos(&reached);
-    EXPECT_TRUE(reached.x == screen_point.x && reached.y == screen_point.y)
-        << "the mouse is at " << reached.x << ", " << reached.y << " and was sent to " << screen_point.x
-        << ", " << screen_point.y;
+    EXPECT_TRUE(mouse_is_at(screen_point)) << "the mouse is at " << reached.x << ", " << reached.y
+                                           << " and was sent to " << screen_point.x << ", " << screen_point.y;
+}
+
+// A late report of the screen about an earlier movement can put the mouse back under Wine: then once more.
+void send_to(POINT screen_point) {
+    constexpr int attempts = 10;
+    for (int i = 0; i < attempts && (i == 0 || !mouse_is_at(screen_point)); ++i)
+        send({move_to(screen_point)});
+    expect_mouse_at(screen_point);
 }
 
 struct button_flags {
@@ -80,13 +93,13 @@ button_flags flags_of(mouse_button button) {
 
 void send_clicks(HWND window, POINT point, mouse_button button, int clicks) {
     ClientToScreen(window, &point);
-    std::vector<INPUT> inputs{move_to(point)};
+    send_to(point);
+    std::vector<INPUT> inputs;
     for (int i = 0; i < clicks; ++i) {
         inputs.push_back(mouse_input(flags_of(button).down));
         inputs.push_back(mouse_input(flags_of(button).up));
     }
     send(inputs);
-    expect_mouse_at(point);
 }
 
 }  // namespace
@@ -119,8 +132,7 @@ void bring_to_front(HWND window) {
 
 void move_mouse(HWND window, POINT point) {
     ClientToScreen(window, &point);
-    send({move_to(point)});
-    expect_mouse_at(point);
+    send_to(point);
 }
 
 void press_mouse(mouse_button button) {
