@@ -45,8 +45,6 @@ class node : public com::base_object<com::object_base, INode, com::IObjectIntern
                                      IServiceProvider>,
              public in_small_blocks {
 public:
-    using commands = command_list;
-
     /// Bits of `clip_flags`.
     static constexpr std::uint8_t has_clip = 0x01;
     static constexpr std::uint8_t has_transform = 0x02;
