@@ -34,6 +34,11 @@ inline constexpr D2D_RECT_F maximal_rect{-FLT_MAX, -FLT_MAX, FLT_MAX, FLT_MAX};
             larger(a.bottom, b.bottom)};
 }
 
+/// Smaller by `distance` on each side.
+[[nodiscard]] constexpr D2D_RECT_F inset(const D2D_RECT_F& rect, float distance) noexcept {
+    return {rect.left + distance, rect.top + distance, rect.right - distance, rect.bottom - distance};
+}
+
 /// The axis-aligned bounds of a rectangle mapped through a matrix.
 [[nodiscard]] inline D2D_RECT_F map_rect(const D2D_RECT_F& rect, const D2D_MATRIX_3X2_F& matrix) noexcept {
     if (is_translation(matrix)) {

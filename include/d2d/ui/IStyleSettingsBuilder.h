@@ -26,7 +26,9 @@ struct IStyleSettingsBuilder : IUnknown {
 
 }  // namespace d2d::ui
 
+// Answers to IStyleSettings too, though it is none. Kept: clients rely on the answer. Call nothing through
+// it.
 template <>
-struct com::interface_traits<d2d::ui::IStyleSettingsBuilder> : com::extends<> {
+struct com::interface_traits<d2d::ui::IStyleSettingsBuilder> : com::extends<d2d::ui::IStyleSettings> {
     static constexpr GUID id = com::guid("0B9CE123-DCBD-4D9D-99A3-FB9CE69FFA50");
 };
