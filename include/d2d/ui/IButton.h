@@ -8,9 +8,9 @@
 
 namespace d2d::ui {
 
-/// What all buttons can do. A button is enabled while it has a handler, unless `set_enabled` has settled it
-/// once and for all. It is pressed with the left mouse button, in a message loop of its own that lasts until
-/// the release; the keyboard does not operate it. It is made with a label, whose node becomes a child of the
+/// What all buttons can do. A button is enabled while it has a handler, or, from the first `set_enabled` on,
+/// as that says. It is pressed with the left mouse button, in a message loop of its own that lasts until the
+/// release; the keyboard does not operate it. It is made with a label, whose node becomes a child of the
 /// button's, and whose brush the button chooses.
 struct IButton : IControl {
     virtual bool is_checked() = 0;
