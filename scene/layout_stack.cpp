@@ -1,6 +1,7 @@
 #include "scene/layout_stack.h"
 
 #include "scene/layout_distribution.h"
+#include "scene/rectangle.h"
 
 #include <utility>
 
@@ -9,16 +10,9 @@ namespace {
 
 // A stack across is a stack down with the axes exchanged: what comes in and what goes out is turned over.
 
-D2D_SIZE_F flipped(D2D_SIZE_F size) noexcept {
-    return {size.height, size.width};
-}
-
-D2D_RECT_F flipped(const D2D_RECT_F& rect) noexcept {
-    return {rect.top, rect.left, rect.bottom, rect.right};
-}
-
 metrics flipped(const metrics& m) noexcept {
-    return {flipped(m.margin), flipped(m.min_size), flipped(m.max_size), flipped(m.preferred_size)};
+    return {scene::flipped(m.margin), scene::flipped(m.min_size), scene::flipped(m.max_size),
+            scene::flipped(m.preferred_size)};
 }
 
 float chosen(const size_choice& choice, float element_size, float element_preferred) noexcept {
@@ -154,7 +148,7 @@ metrics stack::measure() {
 
 void stack::arrange(D2D_RECT_F rect) {
     if (items.empty()) return;
-    const D2D_RECT_F area = orientation == 0 ? rect : flipped(rect);
+    const D2D_RECT_F area = orientation == 0 ? rect : scene::flipped(rect);
     std::vector<metrics> outer;
     std::vector<length_share> shares;
     outer.reserve(items.size());
@@ -174,7 +168,7 @@ void stack::arrange(D2D_RECT_F rect) {
         D2D_RECT_F placed{area.left, y, area.right, y + shares[i].length};
         y = placed.bottom;
         place_across(placed, outer[i].max_size.width, items[i].details.alignment);
-        if (orientation != 0) placed = flipped(placed);
+        if (orientation != 0) placed = scene::flipped(placed);
         if (!items[i].use_own_margins) placed = without_margins(placed, items[i].latest.margin);
         items[i].element->arrange(placed);
     }

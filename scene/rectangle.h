@@ -16,6 +16,17 @@ inline constexpr D2D_RECT_F maximal_rect{-FLT_MAX, -FLT_MAX, FLT_MAX, FLT_MAX};
     return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
 }
 
+// The same with the axes exchanged.
+[[nodiscard]] constexpr D2D_POINT_2F flipped(D2D_POINT_2F point) noexcept {
+    return {point.y, point.x};
+}
+[[nodiscard]] constexpr D2D_SIZE_F flipped(D2D_SIZE_F size) noexcept {
+    return {size.height, size.width};
+}
+[[nodiscard]] constexpr D2D_RECT_F flipped(const D2D_RECT_F& rect) noexcept {
+    return {rect.top, rect.left, rect.bottom, rect.right};
+}
+
 /// Left and top edges are inside, right and bottom ones are not.
 [[nodiscard]] inline bool contains(const D2D_RECT_F& rect, D2D_POINT_2F point) noexcept {
     return rect.left <= point.x && point.x < rect.right && rect.top <= point.y && point.y < rect.bottom;
