@@ -26,11 +26,12 @@ struct IScrollBar : IControl {
     /// Names a listener while it is there: the stored function.
     using position_token = const position_function*;
 
-    /// Puts the position inside the range. Tells no listener.
+    /// Puts the position inside the range; one that is not a number becomes the minimum. Tells no listener.
     virtual void set_position(float position) = 0;
     virtual float get_position() = 0;
     virtual range get_range() = 0;
-    /// Takes the position as it is, even outside. Tells no listener.
+    /// Takes the position as it is, even outside. Tells no listener. Throws `std::logic_error`, with the range
+    /// taken, when it is so unlimited that the thumb has no finite place.
     virtual void set_range(range range) = 0;
     /// Adds a listener that is told the new position when the user has moved it. A listener may set position
     /// and range, and may neither add nor remove listeners. An empty one throws `std::bad_function_call` when
