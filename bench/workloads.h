@@ -12,6 +12,8 @@ void run_input_workloads();
 void run_path_workload();
 /// Placing elements in a row.
 void run_layout_workload();
+/// Looking up the colours of controls.
+void run_style_workload();
 /// Bytes per node.
 void run_memory_workload();
 

@@ -21,17 +21,20 @@ default_style::~default_style() {
 namespace ui {
 namespace {
 
-com::ptr<default_style> find_default_style(bool own_settings) {
-    // Settings of a client's own are not taken yet, and no style can be made on empty ones.
-    if (own_settings) return com::create_object<default_style>(com::create_object<default_style_settings>());
+com::ptr<default_style> shared_style() {
     if (current_default_style) return current_default_style;
     return com::create_object<default_style>(default_style_settings::current());
+}
+
+/// Settings of a client's own are not taken yet: the style is made on empty ones, which fails.
+com::ptr<default_style> style_on_own_settings() {
+    return com::create_object<default_style>(com::create_object<default_style_settings>());
 }
 
 }  // namespace
 
 com::ptr<IStyle> get_default_style(com::ptr<IStyleSettings> settings) {
-    return com::ptr<IStyle>(find_default_style(settings != nullptr).get());
+    return settings ? style_on_own_settings() : shared_style();
 }
 
 }  // namespace ui
