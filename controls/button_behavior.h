@@ -1,6 +1,7 @@
 #pragma once
 
 #include "com/ptr.h"
+#include "controls/mouse_state.h"
 #include "d2d/input/mouse.h"
 #include "d2d/scene/INode.h"
 #include "d2d/scene/layout/metrics.h"
@@ -28,7 +29,6 @@ protected:
     [[nodiscard]] bool is_enabled() const noexcept {
         return enabled_override.value_or(static_cast<bool>(on_click));
     }
-    [[nodiscard]] bool is_hot() const noexcept { return hover_count > 0; }
 
     void change_checked(bool value);
     void override_enabled(bool value);
@@ -42,20 +42,14 @@ protected:
     [[nodiscard]] scene::layout::metrics measure_with_mark() const;
 
     const bool latching;
-    int hover_count = 0;  // not a flag: nodes of the label report enter and leave here too
-    bool down = false;
+    mouse_state mouse;
     bool checked = false;
     const com::ptr<ui::ILabel> label;
     scene::handler_slot<click_function> on_click;
     std::optional<bool> enabled_override;
 
 private:
-    class held_down;
-
     void press(scene::INode& node, input::mouse::button button);
-    [[nodiscard]] bool ends_inside(scene::INode& node, input::mouse::button button);
-    void change_down(bool value);
-    void count_hover(int change);
     template <class Change>
     void change_enabled(Change&& change);
 };

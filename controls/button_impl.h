@@ -67,7 +67,8 @@ private:
     void refresh() override {
         const auto context = node->draw(false);
         const bool enabled = is_enabled();
-        const bool hot = is_hot();
+        const bool hot = mouse.is_hot();
+        const bool down = mouse.is_down();
         label->set_brush(style->label_brush(enabled, hot, down, checked));
         style->draw(context.get(), rect, enabled, hot, down, checked, node->has_focus(false));
         context->commit();

@@ -141,10 +141,11 @@ void command_strip::redraw(const button& drawn) {
 
 void command_strip::handle_mouse(button& at, const input::mouse::event& event) {
     const auto redraw_it = [&] { redraw(at); };
-    const bool pressed =
-        event.type == input::mouse::event_type::button_down && event.button == input::mouse::button::left;
-    if (pressed) at.mouse.press(*at.node, *event.button, redraw_it);
     at.mouse.count_hover(event, redraw_it);
+    if (event.type != input::mouse::event_type::button_down || event.button != input::mouse::button::left)
+        return;
+    static_cast<void>(at.mouse.press(*at.node, *event.button, redraw_it));  // nobody is told yet
+    redraw_it();
 }
 
 }  // namespace d2d

@@ -25,13 +25,12 @@ public:
     }
 
     /// Holds it down, and hot, until the button is released; not down while the mouse is off what `node` has
-    /// recorded. Returns whether the mouse was on it at the end. Whoever calls keeps this and `node` alive.
+    /// recorded. Returns whether the mouse was on it at the end, and leaves it to the caller to draw it
+    /// released. Whoever calls keeps this and `node` alive.
     template <class Redraw>
-    bool press(scene::INode& node, input::mouse::button button, Redraw&& redraw) {
+    [[nodiscard]] bool press(scene::INode& node, input::mouse::button button, Redraw&& redraw) {
         try {
-            const bool on_it = hold(node, button, redraw);
-            redraw();
-            return on_it;
+            return hold(node, button, redraw);
         } catch (...) {
             redraw();  // what a handler inside the loop has thrown goes on, and nothing stays pressed
             throw;
