@@ -27,6 +27,10 @@ inline constexpr D2D_RECT_F maximal_rect{-FLT_MAX, -FLT_MAX, FLT_MAX, FLT_MAX};
     return {rect.top, rect.left, rect.bottom, rect.right};
 }
 
+[[nodiscard]] constexpr D2D_SIZE_F size_of(const D2D_RECT_F& rect) noexcept {
+    return {rect.right - rect.left, rect.bottom - rect.top};
+}
+
 /// Left and top edges are inside, right and bottom ones are not.
 [[nodiscard]] inline bool contains(const D2D_RECT_F& rect, D2D_POINT_2F point) noexcept {
     return rect.left <= point.x && point.x < rect.right && rect.top <= point.y && point.y < rect.bottom;

@@ -19,10 +19,11 @@ struct IScrollArea : IControl {
 
     /// A place in the order of the operations: throws `std::logic_error` "not implemented".
     virtual void reserved() = 0;
-    /// What the content covers: (0, 0, 1, 1) at first.
+    /// What the content covers: (0, 0, 1, 1) at first. Decides which bars come.
     virtual void set_content_bounds(D2D_RECT_F bounds) = 0;
     virtual D2D_POINT_2F get_scroll_position() = 0;
-    /// Puts this point of the content into the view's upper left corner, as far as the bounds allow.
+    /// Puts this point of the content into the view's upper left corner, as far as the bounds allow. The
+    /// content moves by whole pixels.
     virtual void set_scroll_position(float x, float y) = 0;
     virtual void add_content(com::ptr<scene::INode> node) = 0;
     virtual void remove_content(com::ptr<scene::INode> node) = 0;
@@ -47,7 +48,10 @@ struct IScrollArea : IControl {
     virtual void set_alignment(int x, int y) = 0;
     /// The part of the content that shows.
     virtual D2D_RECT_F get_view_rect() = 0;
-    /// Replaces the function that is told whenever that part has changed. It may scroll.
+    /// Replaces the function that is told whenever that part has changed, at the end of what changed it. It
+    /// may scroll, which tells it again inside, set another function, and drop the area. What it throws
+    /// passes on to whoever changed the part, unless the change has failed by itself: that failure passes on
+    /// then.
     virtual void set_view_changed_handler(view_function handler) = 0;
 };
 
