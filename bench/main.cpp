@@ -18,6 +18,7 @@ int main(int count, char** arguments) {
         bench::run_layout_workload();
         bench::run_scene_workloads();
         bench::run_input_workloads();
+        bench::run_scroll_workload();
         bench::run_style_workload();
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "bench: %s\n", failure.what());

@@ -14,6 +14,8 @@ void run_path_workload();
 void run_layout_workload();
 /// Looking up the colours of controls.
 void run_style_workload();
+/// Scrolling.
+void run_scroll_workload();
 /// Bytes per node.
 void run_memory_workload();
 
