@@ -44,10 +44,10 @@ void sort_settings(settings_table<Value>& table) {
 template <class Value>
 [[nodiscard]] std::span<const setting<Value>> narrow(std::span<const setting<Value>> range,
                                                      std::size_t distance, int character) noexcept {
-    const auto found = std::ranges::equal_range(range, character, {}, [distance](const auto& entry) {
-        return character_from_end(entry.key, distance);
-    });
-    return {found.begin(), found.end()};
+    const auto before = [distance](const auto& entry) { return character_from_end(entry.key, distance); };
+    const auto first = std::ranges::lower_bound(range, character, {}, before);
+    const auto last = std::ranges::upper_bound(first, range.end(), character, {}, before);
+    return {first, last};
 }
 
 /// The entry of a sorted table that answers `key`: the one with the longest dotted tail of it, starting at
