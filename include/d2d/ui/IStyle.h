@@ -17,7 +17,8 @@ struct IStyle : IUnknown {
 /// The style of every control that is made without one, with all style interfaces. It lives as long as
 /// somebody holds it, and keeps the process-wide graphics objects alive; the next call behind its last
 /// release makes a new one. Pass null: anything else throws `std::logic_error` "unrecognized style
-/// identifier", since there are no settings of a client's own yet.
+/// identifier", since there are no settings of a client's own yet. So does null when no style is alive but
+/// settings of a builder are: those are the newest ones then, and empty.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<IStyle> get_default_style(com::ptr<IStyleSettings> settings);
 
 }  // namespace d2d::ui
