@@ -1,3 +1,4 @@
+#include "button_list.h"
 #include "measure.h"
 #include "scene_fixture.h"
 #include "workloads.h"
@@ -21,18 +22,33 @@ std::size_t private_bytes() {
     return total;
 }
 
+/// Measures what `show_elements` leaves in memory. What it shows stays, so that later figures are not of
+/// memory that earlier ones have given back.
+template <class Show>
+void measure_bytes(const char* name, std::size_t count, Show&& show_elements) {
+    const std::size_t before = private_bytes();
+    show_elements();
+    const std::size_t after = private_bytes();
+    std::printf("%s\t%.0f\t%zu\n", name, static_cast<double>(after - before) / static_cast<double>(count),
+                count);
+}
+
 }  // namespace
 
 void run_memory_workload() {
-    if (!selected("bytes_per_node")) return;
-    constexpr std::size_t count = 100'000;
-    scene_fixture fixture;
-    const std::size_t before = private_bytes();
-    const auto root = fixture.make_flat(count);
-    fixture.show(root);
-    const std::size_t after = private_bytes();
-    std::printf("bytes_per_node\t%.0f\t%zu\n",
-                static_cast<double>(after - before) / static_cast<double>(count), count);
+    scene_fixture nodes;
+    if (selected("bytes_per_node")) {
+        constexpr std::size_t count = 100'000;
+        measure_bytes("bytes_per_node", count, [&] { nodes.show(nodes.make_flat(count)); });
+    }
+    if (!selected("bytes_per_button")) return;
+    constexpr std::size_t count = 10'000;
+    scene_fixture buttons;
+    button_list list = make_buttons(1);  // and the style with it
+    measure_bytes("bytes_per_button", count, [&] {
+        list = make_buttons(count);
+        buttons.show(list.parent);
+    });
 }
 
 }  // namespace bench

@@ -16,7 +16,9 @@ void run_layout_workload();
 void run_style_workload();
 /// Scrolling.
 void run_scroll_workload();
-/// Bytes per node.
+/// Making push buttons, and drawing them anew.
+void run_button_workloads();
+/// Bytes per node, and per push button with its label.
 void run_memory_workload();
 
 }  // namespace bench
