@@ -36,15 +36,13 @@ std::uint32_t channel_byte(float channel) noexcept {
 }  // namespace
 
 std::size_t hash_of_color(const _D3DCOLORVALUE& color) noexcept {
-    const std::uint32_t channels[] = {channel_byte(color.r), channel_byte(color.g), channel_byte(color.b),
-                                      channel_byte(color.a)};
-    std::uint32_t hash = 0;
-    for (unsigned i = 0; i < 8; ++i) {
-        const unsigned bit = 7 - i;
-        for (unsigned channel = 0; channel < 4; ++channel)
-            hash |= ((channels[channel] >> bit) & 1u) << (i + channel);
-    }
-    return hash;
+    std::uint32_t bits = channel_byte(color.r) | channel_byte(color.g) << 8 | channel_byte(color.b) << 16 |
+                         channel_byte(color.a) << 24;
+    // Reverses the bits of each byte: halves, then quarters, then neighbours change places.
+    bits = (bits & 0x0F0F0F0Fu) << 4 | (bits >> 4 & 0x0F0F0F0Fu);
+    bits = (bits & 0x33333333u) << 2 | (bits >> 2 & 0x33333333u);
+    bits = (bits & 0x55555555u) << 1 | (bits >> 1 & 0x55555555u);
+    return (bits & 0xFFu) | (bits >> 8 & 0xFFu) << 1 | (bits >> 16 & 0xFFu) << 2 | (bits >> 24) << 3;
 }
 
 com::ptr<solid_color_brush> solid_color_brush::shared(const _D3DCOLORVALUE& color) {
