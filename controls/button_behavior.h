@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace d2d {
 
@@ -20,7 +21,7 @@ public:
 
 protected:
     button_behavior(com::ptr<ui::ILabel> shown, bool latches) noexcept
-        : latching(latches), label(std::move(shown)) {}
+        : label(std::move(shown)), latching(latches) {}
     ~button_behavior() = default;
 
     /// Draws the button as its state stands.
@@ -41,11 +42,11 @@ protected:
     /// The metrics of a button with a square mark of the label's height on the label's left.
     [[nodiscard]] scene::layout::metrics measure_with_mark() const;
 
-    const bool latching;
-    mouse_state mouse;
-    bool checked = false;
     const com::ptr<ui::ILabel> label;
     scene::handler_slot<click_function> on_click;
+    mouse_state mouse;
+    const bool latching;
+    bool checked = false;
     std::optional<bool> enabled_override;
 
 private:
