@@ -70,6 +70,7 @@
 #include "d2d/ui/IGroupBoxStyle.h"
 #include "d2d/ui/IIconLabel.h"
 #include "d2d/ui/ILabel.h"
+#include "d2d/ui/ILabelList.h"
 #include "d2d/ui/ILabelStyle.h"
 #include "d2d/ui/ILineEditStyle.h"
 #include "d2d/ui/IPopupOptionsStyle.h"
