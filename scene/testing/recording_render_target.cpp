@@ -1,6 +1,7 @@
 #include "scene/testing/recording_render_target.h"
 
 #include "scene/testing/call_text.h"
+#include "scene/testing/geometry_text.h"
 
 #include <memory>
 #include <type_traits>
@@ -72,24 +73,8 @@ std::string recording_render_target::text_of(ID2D1Bitmap* bitmap) const {
 }
 
 std::string recording_render_target::text_of(ID2D1Geometry* geometry) const {
-    std::string text = text_of(geometry, "geometry");
-    if (text != "geometry") return text;
-    if (const auto rectangle = as<ID2D1RectangleGeometry>(geometry)) {
-        D2D1_RECT_F rect;
-        rectangle->GetRect(&rect);
-        return "rectangle(" + call_text(rect) + ")";
-    }
-    if (const auto rounded = as<ID2D1RoundedRectangleGeometry>(geometry)) {
-        D2D1_ROUNDED_RECT rect;
-        rounded->GetRoundedRect(&rect);
-        return "rounded_rectangle(" + call_text(rect.rect, rect.radiusX, rect.radiusY) + ")";
-    }
-    if (const auto round = as<ID2D1EllipseGeometry>(geometry)) {
-        D2D1_ELLIPSE ellipse;
-        round->GetEllipse(&ellipse);
-        return "ellipse(" + call_text(ellipse.point, ellipse.radiusX, ellipse.radiusY) + ")";
-    }
-    return text;
+    const std::string text = text_of(geometry, "geometry");
+    return text == "geometry" ? geometry_text(geometry) : text;
 }
 
 HRESULT recording_render_target::QueryInterface(const GUID& id, void** out) noexcept {
