@@ -2,8 +2,8 @@
 
 #include "com/object.h"
 #include "com/weak_ptr.h"
+#include "controls/node_placement.h"
 #include "d2d/factory.h"
-#include "scene/matrix.h"
 #include "scene/rectangle.h"
 
 #include <stdexcept>
@@ -69,7 +69,6 @@ struct command_strip::button {
 command_strip::command_strip(bool is_vertical, D2D_SIZE_F cell,
                              std::span<const ui::ICommandStrip::button> shown, IUnknown* style_source)
     : control_impl(style_source) {
-    const factory graphics;  // a client's style need not keep them
     const cell_layout layout(is_vertical, cell, shown.size());
     rect = layout.strip();
     outline_shape = outline_of(rect);
@@ -114,7 +113,7 @@ void command_strip::add_button(D2D_POINT_2F centre, const com::ptr<ID2D1PathGeom
         buttons.emplace_back(std::make_shared<button>(button{scene::create_node(), shape, {}}));
     redraw(*added);
     const auto label_node = label.get_node();
-    label_node->set_transform(scene::translation_matrix(centre.x, centre.y));
+    move_node(*label_node, centre);
     added->node->add_child(label_node);
     node->add_child(added->node);
 }

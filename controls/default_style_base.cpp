@@ -1,18 +1,15 @@
 #include "controls/default_style_base.h"
 
-#include <stdexcept>
+#include "controls/style_brush.h"
+
 #include <utility>
 
 namespace d2d {
 namespace {
 
-[[noreturn]] void unrecognized_key() {
-    throw std::logic_error("unrecognized style identifier");
-}
-
 com::ptr<scene::ITextFormat> find_label_format(ui::IStyleSettings& values) {
     auto format = values.get_text_format("normal.label.text");
-    if (!format) unrecognized_key();
+    if (!format) unrecognized_style_key();
     return format;
 }
 
@@ -22,14 +19,12 @@ default_style_base::default_style_base(com::ptr<ui::IStyleSettings> values)
     : settings(std::move(values)), label_format(find_label_format(*settings)) {}
 
 com::ptr<scene::IBrush> default_style_base::brush(std::string_view key) const {
-    auto found = settings->get_brush(key);
-    if (!found) unrecognized_key();
-    return found;
+    return style_brush(*settings, key);
 }
 
 _D3DCOLORVALUE default_style_base::color(std::string_view key) const {
     const auto found = settings->get_color(key);
-    if (!found) unrecognized_key();
+    if (!found) unrecognized_style_key();
     return *found;
 }
 

@@ -1,7 +1,7 @@
 #include "controls/group_box.h"
 
 #include "com/object.h"
-#include "scene/matrix.h"
+#include "controls/node_placement.h"
 #include "scene/rectangle.h"
 
 #include <utility>
@@ -24,7 +24,7 @@ scene::layout::metrics group_box::measure() {
 void group_box::arrange(D2D_RECT_F new_rect) {
     if (scene::same_edges(rect, new_rect)) return;
     rect = new_rect;
-    if (content) content->set_transform(scene::translation_matrix(rect.left, rect.top));
+    if (content) move_node(*content, {rect.left, rect.top});
     redraw();
 }
 

@@ -2,6 +2,7 @@
 
 #include "com/object.h"
 #include "com/weak_ptr.h"
+#include "controls/node_placement.h"
 #include "scene/matrix.h"
 
 #include <algorithm>
@@ -93,7 +94,7 @@ void scroll_bar::place_thumb() {
 }
 
 void scroll_bar::place_thumb(D2D_POINT_2F place) {
-    thumb_node->set_transform(scene::translation_matrix(place.x, place.y));
+    move_node(*thumb_node, place);
 }
 
 void scroll_bar::press_track(const input::mouse::event& event) {
