@@ -1,19 +1,12 @@
 #include "controls/text_label.h"
 
-#include "com/check.h"
 #include "com/object.h"
+#include "controls/text_extent.h"
 
-#include <cmath>
 #include <utility>
 
 namespace d2d {
 namespace {
-
-D2D_SIZE_F extent_of(IDWriteTextLayout& layout) {
-    DWRITE_TEXT_METRICS metrics{};
-    com::check(layout.GetMetrics(&metrics));
-    return {metrics.width, metrics.height};
-}
 
 template <class Character>
 com::ptr<ui::ITextLabel> make_text_label(std::basic_string_view<Character> text, scene::ITextFormat* format,
@@ -27,8 +20,7 @@ com::ptr<ui::ITextLabel> make_text_label(std::basic_string_view<Character> text,
 
 scene::layout::metrics text_label::measure() {
     if (!layout) return {};
-    const D2D_SIZE_F exact = extent_of(*layout);
-    const D2D_SIZE_F size{std::ceil(exact.width), std::ceil(exact.height)};
+    const D2D_SIZE_F size = pixel_extent(*layout);
     return {{}, size, size, size};
 }
 
@@ -49,7 +41,7 @@ template <class Character>
 void text_label::lay_out(std::basic_string_view<Character> text) {
     const auto format = text_format ? text_format : style->text_format();
     auto new_layout = format->create_layout(text, 0, 0);
-    const auto [width, height] = extent_of(*new_layout);
+    const auto [width, height] = text_extent(*new_layout);
     layout = std::move(new_layout);
     rect.left = -width * 0.5f;
     rect.top = -height * 0.5f;
