@@ -1,9 +1,10 @@
 #pragma once
 
+#include "host/testing/table_entry.h"
+
 #include <utility>
 
 #include <d2d1.h>
-#include <windows.h>
 
 namespace d2d::fakes {
 
@@ -12,15 +13,14 @@ namespace d2d::fakes {
 /// lives.
 class patched_end_draw {
 public:
-    explicit patched_end_draw(ID2D1RenderTarget* target)
-        : slot(*reinterpret_cast<operation**>(target) + end_draw_slot) {
+    explicit patched_end_draw(ID2D1RenderTarget* target) : entry(target, end_draw_slot) {
         calls = 0;
-        original = exchange(replacement);
+        original = entry.exchange(replacement);
     }
     patched_end_draw(const patched_end_draw&) = delete;
     patched_end_draw& operator=(const patched_end_draw&) = delete;
     ~patched_end_draw() {
-        exchange(original);
+        entry.exchange(original);
         next_result = S_OK;
     }
 
@@ -40,16 +40,8 @@ private:
         return drawn == S_OK ? wanted : drawn;
     }
 
-    operation exchange(operation entry) {
-        DWORD former = 0;
-        VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &former);
-        const operation replaced = std::exchange(*slot, entry);
-        VirtualProtect(slot, sizeof *slot, former, &former);
-        return replaced;
-    }
-
     static inline operation original = nullptr;
-    operation* slot;
+    table_entry<operation> entry;
 };
 
 }  // namespace d2d::fakes
