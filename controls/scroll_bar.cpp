@@ -4,6 +4,7 @@
 #include "com/weak_ptr.h"
 #include "controls/node_placement.h"
 #include "scene/matrix.h"
+#include "scene/node.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -13,6 +14,16 @@ namespace d2d {
 
 using input::mouse::button;
 namespace event_type = input::mouse::event_type;
+
+namespace {
+
+/// A node that a listener, or a handler above it, has taken out of its view has no pointer to follow.
+void drag_in_view(scene::INode& node, button pressed, scene::INode::drag_function moved) {
+    const auto inner = com::internal_object<scene::node>(&node);
+    if (inner && inner->view) node.drag_loop(pressed, std::move(moved));
+}
+
+}  // namespace
 
 scroll_bar::scroll_bar(orientation bar_orientation, const range& bar_range, const D2D_RECT_F& bar_rect,
                        IUnknown* style_source)
@@ -103,7 +114,7 @@ void scroll_bar::press_track(const input::mouse::event& event) {
         if (const auto target = geometry().paged_towards(event.position)) move_to(*target);
     } else if (event.button == button::right) {
         move_to(geometry().centred_at(event.position));
-        node->drag_loop(button::right, [this](D2D_POINT_2F point) {
+        drag_in_view(*node, button::right, [this](D2D_POINT_2F point) {
             move_to(geometry().centred_at(point));
             return false;
         });
@@ -116,7 +127,7 @@ void scroll_bar::drag_thumb(D2D_POINT_2F grip) {
         scene::map_point(grip, scene::get_transformation_matrix(thumb_node.get(), node.get()));
     const D2D_MATRIX_3X2_F transform = thumb_node->get_transform();
     const D2D_POINT_2F origin{transform._31, transform._32};
-    node->drag_loop(button::left, [=, this](D2D_POINT_2F point) {
+    drag_in_view(*node, button::left, [=, this](D2D_POINT_2F point) {
         drag_to(geometry().dragged(origin, {point.x - start.x, point.y - start.y}));
         return false;
     });

@@ -213,6 +213,35 @@ TEST_F(scroll_bar_lifetime_test, bar_may_leave_the_tree_while_it_is_dragged) {
     EXPECT_EQ((positions{240}), take_told());
 }
 
+TEST_F(scroll_bar_lifetime_test, jump_that_has_the_bar_taken_away_ends_there) {
+    make_usual();
+    listen([&](float at) {
+        told.push_back(at);
+        if (node->get_parent()) root->remove_child(node);
+    });
+    drag_through({{0.5f, 50}});
+    press(button::right, {0.5f, 125});
+    EXPECT_EQ((positions{200}), take_told());
+    EXPECT_EQ((lines{}), drawn()) << "no drag";
+    root->add_child(node);
+    press(button::right, {0.5f, 75});
+    EXPECT_EQ((positions{100}), take_told());
+}
+
+TEST_F(scroll_bar_lifetime_test, bar_that_is_taken_away_ahead_of_the_press_is_not_dragged) {
+    make_usual();
+    root->add_mouse_handler([&](scene::INode*, int depth, input::mouse::event) {
+        if (depth < 0 && node->get_parent()) root->remove_child(node);
+        return false;
+    });
+    for (const auto each : {button::left, button::right}) {
+        press(each, {8, 60});
+        EXPECT_EQ((lines{}), drawn());
+        EXPECT_EQ(nullptr, node->get_parent());
+        root->add_child(node);
+    }
+}
+
 TEST_F(scroll_bar_lifetime_test, view_may_lose_the_tree_while_the_bar_is_dragged) {
     make_usual();
     listen([&](float) { view->set_root(nullptr); });
