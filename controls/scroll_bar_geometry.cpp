@@ -36,8 +36,8 @@ D2D_POINT_2F scroll_bar_geometry::thumb_place() const noexcept {
 }
 
 float scroll_bar_geometry::clamped(float position) const noexcept {
-    if (std::isnan(position) || position < range_.minimum) return range_.minimum;
-    return position > range_.maximum ? range_.maximum : position;
+    const float limited = position > range_.maximum ? range_.maximum : position;
+    return std::isnan(limited) || limited < range_.minimum ? range_.minimum : limited;
 }
 
 std::optional<float> scroll_bar_geometry::paged_towards(D2D_POINT_2F point) const noexcept {

@@ -23,7 +23,8 @@ public:
     /// The upper left corner of the thumb, from `range.position`, which may lie outside.
     [[nodiscard]] D2D_POINT_2F thumb_place() const noexcept;
 
-    /// `position`, put inside the range.
+    /// `position`, put inside the range; in one whose ends are the wrong way round, at its minimum: content
+    /// that is shorter than its view stays at its start.
     [[nodiscard]] float clamped(float position) const noexcept;
     /// The position that a press on the track asks for, which may lie outside: a page towards the point, or
     /// none when the point is the thumb's leading edge. Both count from 0, wherever the bar lies: kept,

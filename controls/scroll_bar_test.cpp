@@ -1,6 +1,7 @@
 // What a scroll bar is made of, where its thumb lies, and what is drawn anew when.
 
 #include "com/error.h"
+#include "controls/testing/answers.h"
 #include "controls/testing/scroll_bar_fixture.h"
 
 #include <cmath>
@@ -13,7 +14,7 @@
 namespace d2d {
 namespace {
 
-using fakes::recording_scroll_style;
+using fakes::answers;
 using input::mouse::button;
 using scene::fakes::call_text;
 using scene::fakes::same;
@@ -148,6 +149,15 @@ TEST_F(scroll_bar_test, position_is_held_inside_the_range) {
     EXPECT_EQ(0, bar->get_range().minimum);
 }
 
+TEST_F(scroll_bar_test, position_is_the_minimum_where_the_ends_are_the_wrong_way_round) {
+    make(orientation::vertical, {0, 10, -50, 100, 0});  // content shorter than its page
+    for (const float each : {-100.0f, -20.0f, 0.0f, 10.0f, 20.0f}) {
+        bar->set_position(each);
+        EXPECT_EQ(10, bar->get_position()) << each;
+        EXPECT_EQ("101 51", thumb_place());
+    }
+}
+
 TEST_F(scroll_bar_test, range_draws_the_thumb_alone) {
     make(orientation::vertical);
     bar->set_range({50, 0, 100, 100, 16});
@@ -177,6 +187,14 @@ TEST_F(scroll_bar_test, arranging_draws_and_moves_both) {
     EXPECT_EQ(100, bar->get_position());
     bar->arrange({10, 20, 22, 122});  // even with nothing changed
     EXPECT_EQ((lines{"thumb 0 0 10 25 0 0", "track 10 20 22 122 0 0"}), drawn());
+}
+
+TEST_F(scroll_bar_test, thumb_reaches_the_opposite_place_too) {
+    // A node by itself keeps its transform when it is told to take the inverse.
+    make(orientation::vertical, usual_range, {-8, -8, 8, 194});
+    EXPECT_EQ("-7 -7", thumb_place());
+    bar->arrange({6, 6, 22, 208});
+    EXPECT_EQ("7 7", thumb_place());
 }
 
 TEST_F(scroll_bar_test, looks_the_same_under_the_mouse_and_pressed) {
@@ -226,18 +244,13 @@ TEST_F(scroll_bar_test, default_style_draws_whatever_its_range) {
 
 TEST_F(scroll_bar_test, answers_as_bar_and_element_alone) {
     make(orientation::vertical);
-    const auto answers = [&](const GUID& id) {
-        IUnknown* found = nullptr;
-        const HRESULT result = bar->QueryInterface(id, reinterpret_cast<void**>(&found));
-        if (found) found->Release();
-        return result;
-    };
-    EXPECT_EQ(S_OK, answers(com::guid("56BB7066-D2EF-49A8-B3BF-0DE3973D3867")));
-    EXPECT_EQ(S_OK, answers(com::guid_of<scene::layout::IElement>()));
-    EXPECT_EQ(S_OK, answers(com::guid_of<IUnknown>()));
-    EXPECT_EQ(E_NOINTERFACE, answers(com::guid_of<ui::IControl>()));
-    EXPECT_EQ(E_NOINTERFACE, answers(com::guid_of<ui::IScrollBarStyle>()));
-    EXPECT_EQ(bar, com::ptr<ui::IScrollBar>(com::ptr<scene::layout::IElement>(com::ptr<IUnknown>(bar))));
+    EXPECT_TRUE(
+        com::same_guid(com::guid("56BB7066-D2EF-49A8-B3BF-0DE3973D3867"), com::guid_of<ui::IScrollBar>()));
+    EXPECT_TRUE(answers<ui::IScrollBar>(bar));
+    EXPECT_TRUE(answers<scene::layout::IElement>(bar));
+    EXPECT_TRUE(answers<IUnknown>(bar));
+    EXPECT_FALSE(answers<ui::IControl>(bar));
+    EXPECT_FALSE(answers<ui::IScrollBarStyle>(bar));
 }
 
 TEST_F(scroll_bar_test, cannot_be_measured) {

@@ -81,8 +81,8 @@ private:
     }
     [[nodiscard]] float on_axis(D2D_POINT_2F point) const { return horizontal ? point.x : point.y; }
     [[nodiscard]] float clamped(float value) const {
-        if (value < range.minimum) return range.minimum;
-        return value > range.maximum ? range.maximum : value;
+        if (value > range.maximum) value = range.maximum;
+        return value < range.minimum ? range.minimum : value;
     }
 
     void move_to(float value) {
