@@ -176,22 +176,30 @@ TEST_F(default_style_test, survives_failures_and_other_settings) {
     EXPECT_EQ(style, get_default_style(nullptr));
 }
 
-TEST_F(default_style_test, forgets_its_settings_when_any_are_destroyed) {
+// Settings and styles that go leave none behind for the next ones, even if newer ones are there.
+TEST_F(default_style_test, is_made_on_new_settings_when_any_have_gone) {
+    auto older = get_default_style(nullptr)->get_settings();
+    const auto empty = ui::create_style_settings_builder(false)->build();
+    older.reset();
     const auto values = get_default_style(nullptr)->get_settings();
+    EXPECT_TRUE(values->get_color("text"));
+
     (void)ui::create_style_settings_builder(false)->build();
-    const auto style = get_default_style(nullptr);
-    EXPECT_NE(values, style->get_settings());
-    EXPECT_TRUE(style->get_settings()->get_color("text"));
+    EXPECT_NE(values, get_default_style(nullptr)->get_settings());
 }
 
-TEST_F(default_style_test, is_forgotten_when_any_style_is_destroyed) {
-    const auto style = get_default_style(nullptr);
-    auto newer = com::create_object<default_style>(style->get_settings());
-    EXPECT_EQ(com::ptr<IStyle>(static_cast<ui::IButtonStyle*>(newer.get())), get_default_style(nullptr));
+TEST_F(default_style_test, is_made_anew_when_any_style_has_gone) {
+    auto older = get_default_style(nullptr);
+    auto newer = com::create_object<default_style>(older->get_settings());
+    EXPECT_EQ(newer.get(), inside(get_default_style(nullptr)));
+    older.reset();
+    older = get_default_style(nullptr);
+    EXPECT_NE(newer.get(), inside(older));
+    EXPECT_EQ(older, get_default_style(nullptr));
     newer.reset();
     const auto newest = get_default_style(nullptr);
-    EXPECT_NE(style, newest);
-    EXPECT_EQ(style->get_settings(), newest->get_settings());
+    EXPECT_NE(older, newest);
+    EXPECT_EQ(older->get_settings(), newest->get_settings());
 }
 
 TEST_F(default_style_test, is_its_own_scroll_bar_style) {
