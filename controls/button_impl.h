@@ -3,6 +3,7 @@
 #include "com/weak_ptr.h"
 #include "controls/button_behavior.h"
 #include "controls/control_impl.h"
+#include "controls/node_placement.h"
 
 #include <utility>
 
@@ -61,7 +62,7 @@ protected:
 private:
     void place_label() {
         const D2D_RECT_F content = this->derived()->content_rect();
-        label->get_node()->set_transform(style->place_label(content, label.get()));
+        transform_node(*label->get_node(), style->place_label(content, label.get()));
     }
 
     void refresh() override {

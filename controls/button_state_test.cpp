@@ -50,6 +50,16 @@ TEST_P(button_state, is_placed_and_drawn_once_as_it_is_made) {
     EXPECT_FALSE(made->is_checked());
 }
 
+TEST_P(button_state, moves_its_label_to_the_opposite_place_too) {
+    const D2D_RECT_F& margin = GetParam().margin;
+    for (const float x : {12.0f, -12.0f, 12.0f}) {
+        button->arrange({x - margin.left, 5 - margin.top, x + 60, 25});
+        EXPECT_TRUE(same(translation_matrix(x, 5), label->node->get_transform())) << x;
+        button->arrange({-x - margin.left, -5 - margin.top, 60 - x, 15});
+        EXPECT_TRUE(same(translation_matrix(-x, -5), label->node->get_transform())) << x;
+    }
+}
+
 TEST_P(button_state, holds_its_label_and_its_style) {
     const unsigned long without = references(style.get());
     EXPECT_EQ(2u, references(label.get()));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstring>
+
 #include <d2d1.h>
 #include <dcommon.h>
 
@@ -15,6 +17,11 @@ inline constexpr D2D_MATRIX_3X2_F identity_matrix{{{1, 0, 0, 1, 0, 0}}};
 
 [[nodiscard]] inline bool is_identity(const D2D_MATRIX_3X2_F& m) noexcept {
     return is_translation(m) && m._31 == 0 && m._32 == 0;
+}
+
+/// Tells a zero from a negative one.
+[[nodiscard]] inline bool same_bytes(const D2D_MATRIX_3X2_F& a, const D2D_MATRIX_3X2_F& b) noexcept {
+    return std::memcmp(&a, &b, sizeof(a)) == 0;
 }
 
 [[nodiscard]] constexpr D2D_MATRIX_3X2_F translation_matrix(float x, float y) noexcept {

@@ -8,15 +8,10 @@
 
 #include <array>
 #include <cmath>
-#include <cstring>
 #include <stdexcept>
 
 namespace d2d::scene {
 namespace {
-
-bool same_bytes(const D2D_MATRIX_3X2_F& a, const D2D_MATRIX_3X2_F& b) noexcept {
-    return std::memcmp(&a, &b, sizeof(a)) == 0;
-}
 
 bool is_finite(const D2D_MATRIX_3X2_F& m) noexcept {
     return std::isfinite(m._11) && std::isfinite(m._12) && std::isfinite(m._21) && std::isfinite(m._22) &&

@@ -102,8 +102,9 @@ private:
     std::size_t next_geometry = 0;
 };
 
-/// How many strong references an object has.
+/// How many strong references an object has; none for null.
 [[nodiscard]] inline unsigned long references(IUnknown* object) {
+    if (!object) return 0;
     object->AddRef();
     return object->Release() & com::count_word::strong_mask;
 }
