@@ -1,5 +1,6 @@
 #include "glyph_clusters.h"
 
+#include <algorithm>
 #include <numeric>
 #include <span>
 
@@ -76,8 +77,10 @@ void append_glyph_clusters(float x, float y, const DWRITE_GLYPH_RUN& run,
     for (UINT32 first = 0, end = 0; first < text.size(); first = end) {
         for (end = first + 1; end < text.size() && map[end] == map[first]; ++end) {
         }
-        UINT32 glyph = map[first];
-        const UINT32 end_glyph = end < text.size() ? map[end] : run.glyphCount;
+        // Characters of a run that has no glyphs at all are mapped to some nevertheless.
+        UINT32 glyph = std::min<UINT32>(map[first], run.glyphCount);
+        const UINT32 end_glyph =
+            end < text.size() ? std::min<UINT32>(map[end], run.glyphCount) : run.glyphCount;
         UINT32 position = description.textPosition + first;
         for (const part& piece : parts_of(text.subspan(first, end - first), end_glyph - glyph)) {
             walk.append(position, piece.length, glyph, glyph + piece.glyphs);

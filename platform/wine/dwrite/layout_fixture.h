@@ -34,6 +34,9 @@ inline const std::vector<sample_text>& sample_texts() {
         {"only_newline", L"\n"},
         {"wrapped", L"the quick brown fox jumps over the lazy dog"},
         {"wrapped_mixed", L"abc \u05d0\u05d1\u05d2 \u05d3\u05d4\u05d5 def \u05d6\u05d7\u05d8 ghi jkl mno"},
+        {"without_glyphs", L"a\u007f\u007f\u200d\u200db\t\tc"},
+        {"half_pairs", L"a\xd83d\xd83d\x0062\xde00\x0063"},
+        {"nulls", std::wstring(L"a\0\0b", 4)},
         {"empty", L""},
     };
     return texts;
