@@ -57,12 +57,14 @@ bool node::remove_child(com::ptr<INode> child) {
     const com::ptr<node> keep = this;
     const com::ptr<node> removed = expected_node(child);
     if (removed->parent != this) return false;
-    if (removed->view != view) throw std::logic_error("unexpected");
+    // The view has let go of a child already when a handler hears that its parent is leaving.
+    const bool is_shown = removed->view != nullptr;
+    if (is_shown && removed->view != view) throw std::logic_error("unexpected");
     if (std::find(children.begin(), children.end(), removed) == children.end()) {
         throw std::logic_error("not a child");
     }
     view::removal shown;
-    if (view) shown = view::leave(*removed);
+    if (is_shown) shown = view::leave(*removed);
     // Looked for again: handlers that heard of the leaving may have changed the list.
     const auto place = std::find(children.begin(), children.end(), removed);
     if (place != children.end()) {

@@ -337,6 +337,24 @@ TEST_F(view_test, focus_handler_may_change_the_tree_that_is_leaving) {
     EXPECT_TRUE(same({}, root->get_bounds(true)));
 }
 
+TEST_F(view_test, focus_handler_may_take_away_what_lies_below_the_node_that_is_leaving) {
+    const auto child = filled({0, 0, 10, 10}, root);
+    const auto grandchild = filled({20, 0, 30, 10}, child);
+    grandchild->set_transform_animation(still().get());
+    show();
+    edge->on_focus_gained();
+    child->set_focus();
+    child->set_focus_handler(false, [&](INode*, INode*) { child->remove_child(grandchild); });
+    root->remove_child(child);
+    EXPECT_EQ(nullptr, grandchild->get_parent());
+    EXPECT_EQ(nullptr, inside(grandchild).view);
+    EXPECT_EQ(nullptr, inside(child).view);
+    EXPECT_EQ(0, inside(child).animated_nodes);
+    EXPECT_TRUE(same({0, 0, 10, 10}, child->get_bounds(true)));
+    root->add_child(grandchild);
+    EXPECT_EQ(inside(root).view, inside(grandchild).view) << "it can be shown again";
+}
+
 TEST_F(view_test, hover_handler_may_take_away_the_node_that_is_leaving) {
     record(root, {0, 0, 100, 100});
     const auto child = filled({0, 0, 10, 10}, root);
