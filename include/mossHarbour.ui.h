@@ -85,3 +85,6 @@
 #include "d2d/ui/IStyleSettings.h"
 #include "d2d/ui/IStyleSettingsBuilder.h"
 #include "d2d/ui/ITextLabel.h"
+#include "d2d/ui/ITreeNode.h"
+#include "d2d/ui/ITreeView.h"
+#include "d2d/ui/tree_handler.h"
