@@ -20,6 +20,7 @@ int main(int count, char** arguments) {
         bench::run_input_workloads();
         bench::run_scroll_workload();
         bench::run_style_workload();
+        bench::run_list_workloads();
         bench::run_button_workloads();
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "bench: %s\n", failure.what());

@@ -16,6 +16,8 @@ void run_layout_workload();
 void run_style_workload();
 /// Scrolling.
 void run_scroll_workload();
+/// Filling and clearing a list of labels, and selecting in it.
+void run_list_workloads();
 /// Making push buttons, and drawing them anew.
 void run_button_workloads();
 /// Bytes per node, and per push button with its label.

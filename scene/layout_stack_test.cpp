@@ -6,6 +6,8 @@
 #include "support/leak_checked_test.h"
 
 #include <cstdio>
+#include <functional>
+#include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -301,13 +303,150 @@ TEST_F(layout_stack, shares_its_room) {
     }
 }
 
-TEST_F(layout_stack, arranging_allocates_two_lists_and_measuring_none) {
+TEST_F(layout_stack, arranging_allocates_one_list_and_measuring_none) {
     for (int i = 0; i < 100; ++i) add(*down, {{1, 1, 1, 1}, {1, 1}, {any, 20}, {5, 5}});
     const auto before = d2d::scene::fakes::allocation_count();
     static_cast<void>(down->measure());
     EXPECT_EQ(before, d2d::scene::fakes::allocation_count());
     down->arrange({0, 0, 10, 2000});
-    EXPECT_EQ(before + 2, d2d::scene::fakes::allocation_count());
+    EXPECT_EQ(before + 1, d2d::scene::fakes::allocation_count());
+}
+
+/// A stack of rigid rows, one wider than the other, laid out in what it prefers.
+class announcing_stack : public layout_stack {
+protected:
+    void SetUp() override {
+        layout_stack::SetUp();
+        for (std::size_t i = 0; i < 100; ++i) insert(i, 10);
+        lay_out();
+    }
+    /// Inserts a row that is not as wide as it prefers to be.
+    fake_element& insert(std::size_t index, float height) {
+        const float width = static_cast<float>(elements_.size());
+        const metrics measured{{}, {width, height}, {width, height}, {width + 2, height + 2}};
+        elements_.push_back(com::create_object<fake_element>(measured));
+        tokens_.push_back(down->insert_item(index, elements_.back(), true, {}, element_changes::announced));
+        return *elements_.back();
+    }
+    /// How often elements are asked and placed.
+    std::string lay_out() {
+        for (const auto& each : elements_) each->measures = each->arranges = 0;
+        const D2D_SIZE_F size = down->measure().preferred_size;
+        down->arrange({0, 0, size.width, size.height});
+        int measures = 0;
+        int arranges = 0;
+        for (const auto& each : elements_) {
+            measures += each->measures;
+            arranges += each->arranges;
+        }
+        return std::to_string(measures) + " " + std::to_string(arranges);
+    }
+
+    std::vector<stack::item*> tokens_;
+};
+
+TEST_F(announcing_stack, asks_and_places_what_has_come) {
+    EXPECT_EQ("0 0", lay_out());
+    const fake_element& last = insert(100, 10);
+    EXPECT_EQ("1 1", lay_out());
+    EXPECT_EQ("0,1000,100,1010", text_of(last.rect));
+}
+
+TEST_F(announcing_stack, moves_what_lies_behind_a_change_alone) {
+    insert(90, 7);
+    EXPECT_EQ("1 11", lay_out());
+    EXPECT_EQ("0,907,90,917", text_of(elements_[90]->rect));
+    elements_[80]->own.min_size.height = elements_[80]->own.max_size.height = 12;
+    EXPECT_EQ("0 0", lay_out()) << "was not announced";
+    down->announce(tokens_[80]);
+    EXPECT_EQ("1 21", lay_out());
+}
+
+TEST_F(announcing_stack, places_again_what_is_announced_where_it_is) {
+    elements_[5]->rect = {};
+    down->announce(tokens_[5]);
+    EXPECT_EQ("1 1", lay_out());
+    EXPECT_EQ("0,50,5,60", text_of(elements_[5]->rect));
+}
+
+TEST_F(announcing_stack, places_again_as_wide_rows_when_the_width_changes) {
+    elements_[5]->own.max_size.width = any;
+    down->announce(tokens_[5]);
+    EXPECT_EQ("1 1", lay_out());
+    EXPECT_EQ("0,50,101,60", text_of(elements_[5]->rect));
+    insert(100, 10);
+    EXPECT_EQ("1 2", lay_out());
+    EXPECT_EQ("0,50,102,60", text_of(elements_[5]->rect));
+}
+
+TEST_F(announcing_stack, remembers_a_change_that_an_insertion_pushes_on) {
+    elements_[50]->own.margin.bottom = 9;
+    down->announce(tokens_[50]);
+    static_cast<void>(down->measure());
+    insert(0, 0);
+    lay_out();
+    EXPECT_EQ("0,519,51,529", text_of(elements_[51]->rect));
+}
+
+TEST_F(announcing_stack, asks_those_that_announce_nothing_each_time) {
+    fake_element& unknown = add(*down, fixed(3, 3));
+    EXPECT_EQ("1 1", lay_out());
+    EXPECT_EQ("1 1", lay_out());
+    unknown.own.min_size.height = unknown.own.max_size.height = 5;
+    EXPECT_EQ("1 1", lay_out());
+    EXPECT_EQ("0,1000,3,1005", text_of(unknown.rect));
+}
+
+TEST_F(announcing_stack, keeps_to_a_change_when_an_element_throws) {
+    class failing : public fake_element {
+    public:
+        using fake_element::fake_element;
+        metrics measure() override {
+            if (fails) throw std::logic_error("no size");
+            return fake_element::measure();
+        }
+        void arrange(D2D_RECT_F given) override {
+            if (fails) throw std::logic_error("no place");
+            fake_element::arrange(given);
+        }
+        bool fails = true;
+    };
+    const auto element = com::create_object<failing>(fixed(1, 1));
+    down->insert_item(50, element, true, {}, element_changes::announced);
+    EXPECT_THROW(lay_out(), std::logic_error);
+    EXPECT_EQ("0,990,99,1000", text_of(elements_[99]->rect));
+    element->fails = false;
+    static_cast<void>(down->measure());
+    element->fails = true;
+    EXPECT_THROW(down->arrange({0, 0, 101, 1203}), std::logic_error);
+    element->fails = false;
+    EXPECT_EQ("0 50", lay_out());
+    EXPECT_EQ("0,500,1,501", text_of(element->rect));
+    EXPECT_EQ("0,991,99,1001", text_of(elements_[99]->rect));
+}
+
+TEST_F(announcing_stack, an_inner_pass_counts) {
+    class nesting : public fake_element {
+    public:
+        using fake_element::fake_element;
+        void arrange(D2D_RECT_F given) override {
+            fake_element::arrange(given);
+            if (const auto action = std::exchange(then, nullptr)) action();
+        }
+        std::function<void()> then;
+    };
+    const auto element = com::create_object<nesting>(fixed(1, 1));
+    down->insert_item(50, element, true, {}, element_changes::announced);
+    element->then = [&] {
+        insert(0, 20);
+        lay_out();
+    };
+    lay_out();
+    EXPECT_EQ("0,0,100,20", text_of(elements_.back()->rect));
+    EXPECT_EQ("0,20,0,30", text_of(elements_[0]->rect));
+    EXPECT_EQ("0,520,1,521", text_of(element->rect));
+    EXPECT_EQ("0,1011,99,1021", text_of(elements_[99]->rect));
+    EXPECT_EQ("0 0", lay_out());
 }
 
 }  // namespace

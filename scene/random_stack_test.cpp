@@ -1,6 +1,7 @@
 // Stacks of random items, compared with a model that works everything out in another way.
 
 #include "scene/layout_stack.h"
+#include "scene/rectangle.h"
 #include "scene/testing/fake_element.h"
 #include "scene/testing/metrics_text.h"
 #include "scene/testing/stack_model.h"
@@ -16,6 +17,7 @@
 namespace {
 
 using namespace d2d::scene::layout;
+using d2d::scene::same_edges;
 using d2d::scene::fakes::fake_element;
 using d2d::scene::fakes::stack_model;
 using d2d::scene::fakes::text_of;
@@ -136,6 +138,105 @@ TEST_F(random_stack, does_what_a_plain_model_does) {
                               << text_of(elements[i]->rect);
                 break;
             }
+        }
+    }
+}
+
+/// A stack whose items come, change and are announced at random, beside what a pass over all gives.
+class changing_stack {
+public:
+    explicit changing_stack(random_item_sets& chance, bool grows) : random(chance), flexible(grows) {}
+
+    void change() {
+        const unsigned kind = elements.empty() ? 0 : random.below(4);
+        if (kind == 0) return insert();
+        row& changed = elements[random.below(static_cast<unsigned>(elements.size()))];
+        if (kind == 1) changed.element->own = next_metrics();
+        if (kind == 2) changed.element->rect = {-1, -1, -1, -1};
+        if (changed.announces) made->announce(changed.token);
+    }
+
+    void measure() { EXPECT_EQ(text_of(full()->measure()), text_of(made->measure())); }
+
+    void lay_out() {
+        const auto expected = full();
+        const metrics measured = expected->measure();
+        ASSERT_EQ(text_of(measured), text_of(made->measure()));
+        const D2D_RECT_F rect = random.below(4) == 0 ? random.next_rect(measured)
+                                                     : D2D_RECT_F{0, 0, measured.preferred_size.width,
+                                                                  measured.preferred_size.height};
+        expected->arrange(rect);
+        made->arrange(rect);
+        for (std::size_t i = 0; i < elements.size(); ++i) {
+            EXPECT_TRUE(same_edges(plain[i]->rect, elements[i].element->rect))
+                << "item " << i << " of " << elements.size() << ": " << text_of(plain[i]->rect) << " is "
+                << text_of(elements[i].element->rect);
+        }
+    }
+
+private:
+    struct row {
+        com::ptr<fake_element> element;
+        bool announces;
+        bool own_margins;
+        int alignment;
+        stack::item* token;
+    };
+
+    [[nodiscard]] metrics next_metrics() {
+        metrics m = random.next_metrics();
+        if (!flexible) m.max_size.height = m.min_size.height;
+        if (random.below(2) == 0) m.max_size.width = m.min_size.width;
+        return m;
+    }
+    [[nodiscard]] static stack_item_details details_of(const row& of) {
+        stack_item_details details;
+        details.alignment = of.alignment;
+        return details;
+    }
+
+    void insert() {
+        const std::size_t count = elements.size();
+        const std::size_t index =
+            random.below(2) == 0 ? count : random.below(static_cast<unsigned>(count + 1));
+        row added{com::create_object<fake_element>(next_metrics()), random.below(4) != 0,
+                  random.below(3) != 0, random.below(6) == 0 ? 1 : 0, nullptr};
+        const auto changes = added.announces ? element_changes::announced : element_changes::unknown;
+        added.token = made->insert_item(index, added.element, added.own_margins, details_of(added), changes);
+        elements.insert(elements.begin() + static_cast<std::ptrdiff_t>(index), added);
+    }
+
+    /// A new stack of the same items.
+    [[nodiscard]] com::ptr<stack> full() {
+        const auto all = create_stack(0);
+        plain.clear();
+        for (const row& each : elements) {
+            plain.push_back(com::create_object<fake_element>(each.element->own));
+            all->add_item(plain.back(), each.own_margins, details_of(each));
+        }
+        return all;
+    }
+
+    random_item_sets& random;
+    bool flexible;
+    std::vector<row> elements;
+    std::vector<com::ptr<fake_element>> plain;
+    com::ptr<stack> made = create_stack(0);
+};
+
+TEST_F(random_stack, announced_changes_give_what_a_pass_over_all_gives) {
+    const std::uint32_t seed = std::random_device{}();
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::printf("seed %lu\n", static_cast<unsigned long>(seed));
+    random_item_sets random(seed);
+    for (int round = 0; round < 500 && !HasFailure(); ++round) {
+        changing_stack changing(random, round % 4 == 0);
+        for (int step = 0; step < 60 && !HasFailure(); ++step) {
+            for (unsigned changes = random.below(4); changes > 0; --changes) {
+                changing.change();
+                if (random.below(4) == 0) changing.measure();
+            }
+            changing.lay_out();
         }
     }
 }
