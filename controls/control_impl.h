@@ -16,12 +16,13 @@ template <class Style>
 }
 
 /// Base of the scene's controls: a node, a style and a rectangle. `Derived` is the class of the control,
-/// `Style` the interface that it draws itself by, `Interface` what it offers to clients.
+/// `Style` the interface that it draws itself by, `Interface` what it offers to clients, `More` what it
+/// offers to the library.
 ///
 /// What a control puts on its own node (handlers above all) refers to it by `com::weak_ptr`: the control owns
 /// the node, and a scene may keep the node for longer.
-template <class Derived, class Style, class Interface>
-class control_impl : public com::base_object<com::object_base, Interface> {
+template <class Derived, class Style, class Interface, class... More>
+class control_impl : public com::base_object<com::object_base, Interface, More...> {
 public:
     // IControl
     com::ptr<scene::INode> get_node() override { return node; }

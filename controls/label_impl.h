@@ -8,8 +8,8 @@
 namespace d2d {
 
 /// Base of the labels: a brush. `Derived` has `void redraw()`, which draws the label anew.
-template <class Derived, class Interface>
-class label_impl : public control_impl<Derived, ui::ILabelStyle, Interface> {
+template <class Derived, class Interface, class... More>
+class label_impl : public control_impl<Derived, ui::ILabelStyle, Interface, More...> {
 public:
     // ILabel
     void set_brush(com::ptr<scene::IBrush> new_brush) override {
@@ -20,7 +20,7 @@ public:
 
 protected:
     explicit label_impl(IUnknown* style_source)
-        : control_impl<Derived, ui::ILabelStyle, Interface>(style_source) {}
+        : control_impl<Derived, ui::ILabelStyle, Interface, More...>(style_source) {}
     ~label_impl() = default;
 
     [[nodiscard]] com::ptr<scene::IBrush> effective_brush() const {

@@ -15,6 +15,10 @@ label_list::label_list(IStyle* given_style)
     scroll_area->add_content(content_node);
 }
 
+void label_list::final_release() {
+    for (const auto& row : items) row->leave_list();
+}
+
 scene::layout::metrics label_list::measure() {
     using scene::layout::unlimited;
     return {{}, {5, 5}, {unlimited, unlimited}, scroll_area->measure().preferred_size};
@@ -25,7 +29,7 @@ void label_list::insert_item(int index, ILabel* label, int value) {
     const std::size_t end = items.size();
     const std::size_t place = index < 0 ? end : std::min(static_cast<std::size_t>(index), end);
     items.insert(items.begin() + static_cast<std::ptrdiff_t>(place), added);
-    stack->insert_item(place, added, true);
+    added->add_to(*stack, place);
     content_node->add_child(added->node);
     lay_out();
 }
@@ -42,6 +46,7 @@ void label_list::clear() {
     stack = scene::layout::create_stack(0);
     const auto former = std::exchange(items, {});
     for (const auto& row : former) {
+        row->leave_list();
         content_node->remove_child(row->node);
         row->node->clear();
     }

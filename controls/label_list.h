@@ -17,6 +17,7 @@ public:
     class item;
 
     explicit label_list(IStyle* given_style);
+    void final_release();
 
     // IElement
     scene::layout::metrics measure() override;
@@ -35,6 +36,8 @@ public:
     // What the rows ask for.
     [[nodiscard]] bool is_selected(const item& row) const;
     [[nodiscard]] com::ptr<scene::IBrush> brush(std::string_view key) const;
+    /// A row is not what the stack has made of it.
+    void announce(scene::layout::stack::item* changed) { stack->announce(changed); }
     /// A press on a row.
     void press(item& row, const input::mouse::event& event);
 

@@ -5,6 +5,7 @@
 #include "scene/layout_distribution.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace d2d::ui {
 namespace {
@@ -34,12 +35,20 @@ com::ptr<ID2D1RoundedRectangleGeometry> outline_of(const D2D_RECT_F& row) {
 label_list::item::item(label_list& owner, ILabel* shown, int row_value)
     : label(shown), value(row_value), list(&owner) {}
 
+label_list::item::~item() {
+    if (watched) watched->end_watch();
+}
+
 void label_list::item::final_construct() {
     node->add_child(label->get_node());
+    if (label.try_as<com::IObjectInternal<text_label>>()) {
+        auto own = com::internal_object<text_label>(label.get());
+        if (own->watch(*this)) watched = std::move(own);
+    }
     node->add_mouse_handler(
         [self = com::weak_ptr<item>(this)](scene::INode*, int, input::mouse::event event) {
             const auto alive = self.lock();
-            const auto owner = alive ? alive->list.lock() : nullptr;
+            const com::ptr<label_list> owner = alive ? alive->list : nullptr;
             if (owner) alive->handle_mouse(*owner, event);
             return false;
         });
@@ -66,8 +75,20 @@ scene::layout::metrics label_list::item::measure() {
 
 void label_list::item::arrange(D2D_RECT_F new_rect) {
     rect = new_rect;
+    placing = static_cast<bool>(watched);
     label->arrange({rect.left + margin.left, rect.top + margin.top, rect.right - margin.right,
                     rect.bottom - margin.bottom});
+}
+
+void label_list::item::add_to(scene::layout::stack& stack, std::size_t index) {
+    using scene::layout::element_changes;
+    place = stack.insert_item(index, this, true, {},
+                              watched ? element_changes::announced : element_changes::unknown);
+}
+
+void label_list::item::label_changed() {
+    if (std::exchange(placing, false)) return;
+    if (list && place) list->announce(place);
 }
 
 void label_list::item::redraw(const label_list& owner) {

@@ -25,6 +25,7 @@ scene::layout::metrics text_label::measure() {
 }
 
 void text_label::arrange(D2D_RECT_F new_rect) {
+    tell_watcher();
     rect = new_rect;
     redraw();
 }
@@ -42,12 +43,23 @@ void text_label::lay_out(std::basic_string_view<Character> text) {
     const auto format = text_format ? text_format : style->text_format();
     auto new_layout = format->create_layout(text, 0, 0);
     const auto [width, height] = text_extent(*new_layout);
+    tell_watcher();
     layout = std::move(new_layout);
     rect.left = -width * 0.5f;
     rect.top = -height * 0.5f;
     rect.right = rect.left + width;
     rect.bottom = rect.top + height;
     redraw();
+}
+
+bool text_label::watch(label_watcher& by) noexcept {
+    if (watcher) return false;
+    watcher = &by;
+    return true;
+}
+
+void text_label::tell_watcher() {
+    if (watcher) watcher->label_changed();
 }
 
 void text_label::redraw() {
