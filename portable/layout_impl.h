@@ -1,0 +1,59 @@
+#pragma once
+
+#include "com/base_object.h"
+#include "com/ptr.h"
+#include "portable/layout_arithmetic.h"
+#include "ui/mossHarbour/IMaterializableElement.h"
+
+#include <utility>
+#include <vector>
+
+namespace ui::mossHarbour {
+
+/// An item of a layout as it stands on the screen. `Details` is what the client gave with it.
+template <class Details>
+struct live_item {
+    Details details;
+    com::ptr<IMaterializedElement> element;
+    both_axes<axis_metrics> wanted{};  // by the latest `measure`
+    both_axes<axis_span> given{};      // by the latest `arrange`
+
+    void arrange() const {
+        const auto& [x, y] = given;
+        element->arrange(x.start, y.start, x.end, y.end);
+    }
+};
+
+/// A layout as it stands on the screen. What `measure` finds holds until the next one.
+template <class Derived, class Details>
+class layout_impl : public com::base_object<com::object_base, IMaterializedElement> {
+public:
+    using item = live_item<Details>;
+
+    // IMaterializedElement
+    element_metrics measure(measure_context& context) override {
+        for (auto& at : items) at.wanted = item_metrics(at.element->measure(context), at.details);
+        return measure_items();
+    }
+    void arrange(int left, int top, int right, int bottom) override {
+        arrange_items(left, top, right, bottom);
+        for (const auto& at : items) at.arrange();
+    }
+
+    void add(const Details& details, com::ptr<IMaterializedElement> element) {
+        items.push_back({details, std::move(element)});
+    }
+    void clear() noexcept { items.clear(); }
+
+protected:
+    ~layout_impl() = default;
+
+    /// From what the items want.
+    virtual element_metrics measure_items() = 0;
+    /// Gives each item its place.
+    virtual void arrange_items(int left, int top, int right, int bottom) = 0;
+
+    std::vector<item> items;
+};
+
+}  // namespace ui::mossHarbour
