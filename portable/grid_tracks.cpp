@@ -5,7 +5,6 @@
 namespace ui::mossHarbour {
 namespace {
 
-// Tracks are searched by halves. Items mostly come row by row, so that a hint would do no better.
 template <class Tracks>
 auto find_place(Tracks& tracks, int index) noexcept {
     return std::lower_bound(tracks.begin(), tracks.end(), index,
