@@ -20,6 +20,8 @@ void run_scroll_workload();
 void run_list_workloads();
 /// Making push buttons, and drawing them anew.
 void run_button_workloads();
+/// Typing into a line edit.
+void run_line_edit_workload();
 /// Bytes per node, and per push button with its label.
 void run_memory_workload();
 
