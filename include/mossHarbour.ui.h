@@ -104,6 +104,7 @@
 #include "ui/mossHarbour/IRadioButtonControl.h"
 #include "ui/mossHarbour/IStackLayout.h"
 #include "ui/mossHarbour/IWidget.h"
+#include "ui/mossHarbour/d2d_layout.h"
 #include "ui/mossHarbour/d2d_measure_context.h"
 #include "ui/mossHarbour/element_metrics.h"
 #include "ui/mossHarbour/grid_item_details.h"

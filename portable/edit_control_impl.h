@@ -1,5 +1,6 @@
 #pragma once
 
+#include "portable/ID2dWidget.h"
 #include "portable/basic_facade.h"
 #include "scene/handler_slot.h"
 #include "ui/mossHarbour/IEditControl.h"
@@ -50,5 +51,8 @@ protected:
 private:
     d2d::scene::handler_slot<std::function<void(IPanel*)>> on_changed;
 };
+
+/// The form on the scene.
+[[nodiscard]] com::ptr<ID2dWidget> make_d2d_widget();
 
 }  // namespace ui::mossHarbour::edit_control_impl

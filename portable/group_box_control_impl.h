@@ -1,5 +1,6 @@
 #pragma once
 
+#include "portable/ID2dWidget.h"
 #include "portable/basic_facade.h"
 #include "portable/box_lengths.h"
 #include "ui/mossHarbour/IGroupBoxControl.h"
@@ -57,5 +58,8 @@ private:
     com::ptr<ILayout> content;
     box_lengths padding{};
 };
+
+/// The form on the scene.
+[[nodiscard]] com::ptr<ID2dWidget> make_d2d_widget();
 
 }  // namespace ui::mossHarbour::group_box_control_impl

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "portable/ID2dWidget.h"
 #include "portable/basic_facade.h"
 #include "ui/mossHarbour/ILabelControl.h"
 
@@ -36,5 +37,8 @@ public:
 protected:
     ~facade_impl() = default;
 };
+
+/// The form on the scene.
+[[nodiscard]] com::ptr<ID2dWidget> make_d2d_widget();
 
 }  // namespace ui::mossHarbour::label_control_impl

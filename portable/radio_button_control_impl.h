@@ -1,5 +1,6 @@
 #pragma once
 
+#include "portable/ID2dWidget.h"
 #include "portable/basic_facade.h"
 #include "scene/handler_slot.h"
 #include "ui/mossHarbour/IRadioButtonControl.h"
@@ -57,5 +58,8 @@ private:
     const bool group_start;
     d2d::scene::handler_slot<std::function<void(IPanel*)>> on_click;
 };
+
+/// The form on the scene.
+[[nodiscard]] com::ptr<ID2dWidget> make_d2d_widget();
 
 }  // namespace ui::mossHarbour::radio_button_control_impl
