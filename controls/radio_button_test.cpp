@@ -73,7 +73,6 @@ TEST_F(radio_button_test, click_unchecks_it_again_and_leaves_its_neighbours) {
         choices.back()->set_enabled(true);
         root->add_child(choices.back()->get_node());
     }
-    show();
     const auto checked = [&] {
         std::string marks;
         for (const auto& each : choices) marks += each->is_checked() ? '1' : '0';
@@ -102,7 +101,6 @@ TEST_F(radio_button_test, one_of_several_is_chosen_by_unchecking_the_others) {
                 choices[other]->set_checked(other == i);
         });
     }
-    show();
     for (const float y : {10.0f, 35.0f, 60.0f, 60.0f}) click_at({10, y});
     EXPECT_EQ("0+1+2+2-", said);
     EXPECT_FALSE(choices[0]->is_checked());

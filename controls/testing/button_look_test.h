@@ -37,30 +37,29 @@ protected:
         text = ui::create_text_label(L"Sail", nullptr, nullptr);
         button = wanted.make(text.get(), rect, nullptr);
         root->add_child(node());
-        edge->attach_render_target(&target);
-        view->set_root(nullptr);
-        view->set_root(root);
         forget();
     }
 
     /// Compares what each state paints.
     void for_each_look(const button_kind& wanted, const lines_of& expected) {
+        constexpr D2D_POINT_2F hit{20, 30};  // on a mark too
         for (unsigned bits = 0; bits < 32; ++bits) {
             const auto has = [bits](unsigned bit) { return (bits >> bit & 1) != 0; };
             const look shown{has(0), has(1), has(2), has(3), has(4), wanted.latches};
             if (shown.down && !shown.hot) continue;
             show_default(wanted);
-            bring_into(shown, [&] {
+            bring_into(shown, hit, outside, [&] {
                 EXPECT_EQ(expected(shown), drawing())
                     << state_text(shown.enabled, shown.hot, shown.down, shown.checked, shown.focused);
             });
         }
     }
-    /// Brings the button into a state, and runs `action` there.
-    void bring_into(const look& wanted, const std::function<void()>& action) {
+    /// Brings the button into a state with the mouse on or off it, and runs `action` there.
+    void bring_into(const look& wanted, D2D_POINT_2F on_it, D2D_POINT_2F off_it,
+                    const std::function<void()>& action) {
         button->set_enabled(true);
         button->set_checked(wanted.checked);
-        move_to(wanted.hot ? inside : outside);
+        move_to(wanted.hot ? on_it : off_it);
         const auto settle = [&] {
             edge->on_focus_gained();
             (wanted.focused ? node() : root)->set_focus();
@@ -69,7 +68,7 @@ protected:
         };
         if (!wanted.down) return settle();
         while_pressed([&](const auto&) { settle(); });
-        press_at(inside);
+        press_at(on_it);
     }
 
     /// What is drawn of the whole tree, without the state that it is drawn in.

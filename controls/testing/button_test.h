@@ -20,6 +20,10 @@ protected:
     static constexpr D2D_POINT_2F on_label{18, 27};
     static constexpr D2D_POINT_2F outside{90, 80};
 
+    void SetUp() override {
+        input_test::SetUp();
+        show();
+    }
     void TearDown() override {
         button.reset();
         label.reset();
@@ -37,8 +41,6 @@ protected:
         style = kind->make_style(host_log());
         button = kind->make(label.get(), rect, style.get());
         root->add_child(button->get_node());
-        if (!in_view) show();
-        in_view = true;
         forget();
     }
     /// The same, enabled.
@@ -102,8 +104,6 @@ private:
     static void append(std::string& text, const std::string& word) {
         text += (text.empty() ? "" : ", ") + word;
     }
-
-    bool in_view = false;
 };
 
 /// The same, for each kind of button in turn: enabled, and without a handler.

@@ -21,6 +21,7 @@ protected:
     void SetUp() override {
         input_test::SetUp();
         style = com::create_object<recording_strip_style>(host_log());
+        show();
     }
     void TearDown() override {
         strip.reset();
@@ -59,8 +60,6 @@ protected:
     void show_strip(bool vertical, D2D_SIZE_F cell, std::size_t count) {
         make_strip(vertical, cell, count);
         root->add_child(strip->get_node());
-        if (!in_view) show();
-        in_view = true;
         forget();
     }
 
@@ -93,9 +92,6 @@ protected:
     bool in_default_style = false;  ///< makes strips with the style of the library
     std::vector<com::ptr<fake_label>> labels;
     com::ptr<ui::ICommandStrip> strip;
-
-private:
-    bool in_view = false;
 };
 
 }  // namespace d2d::fakes
