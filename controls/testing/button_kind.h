@@ -5,6 +5,9 @@
 #include "d2d/ui/IPushButton.h"
 
 #include <ostream>
+#include <string>
+
+#include <gtest/gtest.h>
 
 namespace d2d::fakes {
 
@@ -46,6 +49,10 @@ inline constexpr button_kind button_kinds[] = {push_kind, latching_kind, check_b
 
 inline void PrintTo(const button_kind& kind, std::ostream* out) {
     *out << kind.name;
+}
+
+[[nodiscard]] inline std::string name_of_kind(const testing::TestParamInfo<button_kind>& info) {
+    return info.param.name;
 }
 
 }  // namespace d2d::fakes

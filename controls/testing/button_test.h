@@ -120,8 +120,4 @@ protected:
     }
 };
 
-[[nodiscard]] inline std::string name_of_kind(const testing::TestParamInfo<button_kind>& info) {
-    return info.param.name;
-}
-
 }  // namespace d2d::fakes
