@@ -74,6 +74,7 @@
 #include "d2d/ui/ILabelStyle.h"
 #include "d2d/ui/ILineEdit.h"
 #include "d2d/ui/ILineEditStyle.h"
+#include "d2d/ui/IPopupOptions.h"
 #include "d2d/ui/IPopupOptionsStyle.h"
 #include "d2d/ui/IPushButton.h"
 #include "d2d/ui/IRadioButtonStyle.h"
