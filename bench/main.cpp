@@ -19,6 +19,7 @@ int main(int count, char** arguments) {
         bench::run_scene_workloads();
         bench::run_input_workloads();
         bench::run_scroll_workload();
+        bench::run_table_workloads();
         bench::run_style_workload();
         bench::run_list_workloads();
         bench::run_button_workloads();

@@ -22,6 +22,8 @@ void run_list_workloads();
 void run_button_workloads();
 /// Typing into a line edit.
 void run_line_edit_workload();
+/// Filling, sorting and selecting in a table.
+void run_table_workloads();
 /// Bytes per node, and per push button with its label.
 void run_memory_workload();
 

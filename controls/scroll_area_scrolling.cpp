@@ -3,6 +3,7 @@
 #include "com/weak_ptr.h"
 #include "controls/node_placement.h"
 #include "controls/scroll_area.h"
+#include "win32/scope_exit.h"
 
 #include <utility>
 
@@ -10,17 +11,6 @@ namespace d2d {
 namespace {
 
 namespace event_type = input::mouse::event_type;
-
-class counted_call {
-public:
-    explicit counted_call(int& running) noexcept : running_(running) { ++running_; }
-    counted_call(const counted_call&) = delete;
-    counted_call& operator=(const counted_call&) = delete;
-    ~counted_call() { --running_; }
-
-private:
-    int& running_;
-};
 
 }  // namespace
 
@@ -32,7 +22,8 @@ void scroll_area::listen_to_bars() {
 ui::IScrollBar::position_function scroll_area::make_listener(orientation of) {
     return [self = com::weak_ptr<scroll_area>(this), of, running = running_listeners](float value) {
         // Counted until the area has gone, which this may be the last to hold.
-        const counted_call counted(*running);
+        ++*running;
+        const win32::scope_exit end_count([count = running.get()] { --*count; });
         if (const com::ptr<scroll_area> area = self.lock()) area->show_bar_position(of, value);
     };
 }

@@ -72,6 +72,7 @@
 #include "d2d/ui/ILabel.h"
 #include "d2d/ui/ILabelList.h"
 #include "d2d/ui/ILabelStyle.h"
+#include "d2d/ui/ILabelTable.h"
 #include "d2d/ui/ILineEdit.h"
 #include "d2d/ui/ILineEditStyle.h"
 #include "d2d/ui/IPopupOptions.h"
