@@ -1,0 +1,59 @@
+#pragma once
+
+#include "com/api.h"
+#include "ui/mossHarbour/IPanel.h"
+#include "ui/mossHarbour/element_metrics.h"
+
+#include <functional>
+
+#include <windows.h>
+
+namespace ui::mossHarbour {
+
+/// A panel in a window of its own. Sizes are in pixels.
+struct IBasicHwndPanel : IPanel {
+    /// Null while there is no window.
+    virtual HWND get_window_handle() = 0;
+    /// Measures the content, which there has to be, in the window, which there has to be. The window's limits
+    /// follow. Margins are the content's, or the padding where it is larger.
+    virtual element_metrics measure() = 0;
+    /// Creates the window, where the system chooses place and size. Throws when it cannot.
+    virtual HWND create_window(DWORD ex_style, const wchar_t* title, DWORD style, HWND parent) = 0;
+    virtual void destroy_window() = 0;
+    /// For the message loop, ahead of the dispatch: true when the message served the navigation among the
+    /// controls.
+    virtual bool translate_message(MSG message) = 0;
+};
+
+struct IHwndPanel : IBasicHwndPanel {
+    /// Sizes of the window with its frame, as of the latest `measure`.
+    struct window_sizes {
+        SIZE preferred;
+        SIZE maximum;  ///< `unbounded_extent` where there is no limit
+        SIZE minimum;
+    };
+
+    /// The least distances between the window's edges and the content: lengths in pixels or by
+    /// `font_percent`. Takes effect at the next `measure`.
+    virtual void set_padding(int left, int top, int right, int bottom) = 0;
+    virtual window_sizes get_window_sizes() = 0;
+    /// Called when the user closes the window, which does not close by itself then. May release the panel.
+    virtual void set_on_close(std::function<void()> handler) = 0;
+};
+
+/// A panel that shows its content on the scene. `upstream` is kept, and asked first for services; may be
+/// null. Content is materialized when it is set; take it out, with `set_content(nullptr)`, when the panel is
+/// not needed any more.
+[[nodiscard]] MOSSHARBOUR_API com::ptr<IHwndPanel> create_d2d_hwnd_panel(IServiceProvider* upstream);
+
+}  // namespace ui::mossHarbour
+
+template <>
+struct com::interface_traits<ui::mossHarbour::IBasicHwndPanel> : com::extends<ui::mossHarbour::IPanel> {
+    static constexpr GUID id = com::guid("5E0B7C93-1F64-4A8D-B2E9-36D7A081C54F");
+};
+
+template <>
+struct com::interface_traits<ui::mossHarbour::IHwndPanel> : com::extends<ui::mossHarbour::IBasicHwndPanel> {
+    static constexpr GUID id = com::guid("C21D8F46-70BA-4E35-9A17-E84F5B09D362");
+};

@@ -1,0 +1,96 @@
+#include "portable/d2d_hwnd_panel_impl.h"
+
+#include "com/object.h"
+#include "portable/dialog.h"
+#include "portable/file_selection.h"
+#include "portable/popup.h"
+#include "win32/error.h"
+
+#include <utility>
+
+namespace ui::mossHarbour {
+
+d2d_hwnd_panel_impl::d2d_hwnd_panel_impl(IServiceProvider* asked_first) : upstream(asked_first) {
+    set_lower_edge(com::ptr<d2d::IViewLowerEdge>(view.get()));
+    view->set_root(content.node());
+}
+
+// The nodes may live on in the client's hands.
+d2d_hwnd_panel_impl::~d2d_hwnd_panel_impl() {
+    view->set_root(nullptr);
+    set_lower_edge(nullptr);
+}
+
+HRESULT d2d_hwnd_panel_impl::QueryService(const GUID& service, const GUID& iid, void** result) {
+    const HRESULT answer = upstream ? upstream->QueryService(service, iid, result) : E_FAIL;
+    if (SUCCEEDED(answer)) return answer;
+    const bool offered = com::same_guid(service, com::guid_of<IModalService>()) ||
+                         com::same_guid(service, com::guid_of<IFileSelectionService>());
+    return offered ? QueryInterface(iid, result) : answer;
+}
+
+com::ptr<ILayout> d2d_hwnd_panel_impl::set_content(com::ptr<ILayout> layout) {
+    return content.replace(std::move(layout), this);
+}
+
+element_metrics d2d_hwnd_panel_impl::measure() {
+    const HWND shown_in = get_window_handle();
+    return sizes.take(content.measure(), static_cast<DWORD>(GetWindowLongW(shown_in, GWL_STYLE)),
+                      static_cast<DWORD>(GetWindowLongW(shown_in, GWL_EXSTYLE)));
+}
+
+HWND d2d_hwnd_panel_impl::create_window(DWORD ex_style, const wchar_t* title, DWORD style, HWND parent) {
+    win32_window_host::create_window(ex_style, title, style, parent, nullptr);
+    return get_window_handle();
+}
+
+bool d2d_hwnd_panel_impl::showPopup(popup_details shown) {
+    return run_popup(create_d2d_hwnd_panel(nullptr), get_window_handle(), shown);
+}
+
+bool d2d_hwnd_panel_impl::showDialog(dialog_details shown) {
+    return run_dialog(create_d2d_hwnd_panel(nullptr), get_window_handle(), shown);
+}
+
+std::filesystem::path d2d_hwnd_panel_impl::selectInputFile(details choice) {
+    return select_file(get_window_handle(), choice, file_purpose::input);
+}
+
+std::filesystem::path d2d_hwnd_panel_impl::selectOutputFile(details choice) {
+    return select_file(get_window_handle(), choice, file_purpose::output);
+}
+
+void d2d_hwnd_panel_impl::arrange_content() {
+    RECT client{};
+    win32::check(GetClientRect(get_window_handle(), &client));
+    const RECT area = sizes.content_area(client);
+    content.live()->arrange(area.left, area.top, area.right, area.bottom);
+}
+
+std::optional<long> d2d_hwnd_panel_impl::on_window_message(MSG message) {
+    const com::ptr<IUnknown> keep(get_IUnknown());  // handlers may release the panel
+    switch (message.message) {
+        case WM_CLOSE:
+            if (!on_close) break;
+            on_close.call();
+            return 0;
+        case WM_WINDOWPOSCHANGED: {
+            const auto result = win32_window_host::on_window_message(message);
+            const auto& change = *reinterpret_cast<const WINDOWPOS*>(message.lParam);
+            if (content.live() && calls_for_arrangement(message.hwnd, change)) arrange_content();
+            return result;
+        }
+        case WM_GETMINMAXINFO:
+            sizes.limit(*reinterpret_cast<MINMAXINFO*>(message.lParam));
+            return 0;
+        default:
+            break;
+    }
+    return win32_window_host::on_window_message(message);
+}
+
+com::ptr<IHwndPanel> create_d2d_hwnd_panel(IServiceProvider* upstream) {
+    return com::create_object<d2d_hwnd_panel_impl>(upstream);
+}
+
+}  // namespace ui::mossHarbour
