@@ -70,6 +70,7 @@ void control::clear() {
     rows.clear();
     shown.clear();
     columns.clear();
+    forget_candidates();
     anchor.reset();
     renew_header();
     renew_body();
@@ -80,6 +81,7 @@ void control::clear_section(int section) {
     if (section != body) std::abort();
     rows.clear(body);
     shown.clear(body);
+    forget_candidates();
     anchor.reset();
     renew_body();
 }
@@ -138,6 +140,7 @@ void control::remove_row(unsigned index, int section) {
     const auto placed = shown[section];
     const auto place = std::find(placed.begin(), placed.end(), removed.get());
     if (place != placed.end()) shown.take(section, static_cast<std::size_t>(place - placed.begin()));
+    forget_candidates();
     const com::ptr<scene::INode> section_node = node_of(section);
     for (const cell& each : removed->cells) section_node->remove_child(each.label->get_node());
 }
@@ -191,6 +194,7 @@ void control::order_rows() {
                          [&](const row* a, const row* b) { return order(a->value, b->value) < 0; });
     }
     shown = std::move(ordered);
+    forget_candidates();
 }
 
 void control::measure_cells() {

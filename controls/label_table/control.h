@@ -80,8 +80,12 @@ private:
 
     // Selection, and the row under the mouse. Indices count along the body as it is shown.
     [[nodiscard]] std::span<row* const> body_rows() const noexcept { return shown[body]; }
+    /// The rows from the first selected one to the last, or more.
+    [[nodiscard]] std::span<row* const> candidates() const noexcept;
+    /// Rows have come, gone or changed places.
+    void forget_candidates() noexcept { selection = {0, body_rows().size()}; }
     void select_by_click(std::size_t clicked, std::uint32_t flags);
-    void select_range(std::size_t first, std::size_t last);
+    void select_only(index_range wanted);
     void toggle(std::size_t index);
     static void set_selected(row& changed, bool selected, label_brushes& brushes);
     void set_hot_row(std::optional<std::size_t> index);
@@ -111,6 +115,7 @@ private:
     com::ptr<scene::INode> hot_node;  // on the background, while a row is hot
     bool multi_select = false;
     std::optional<std::size_t> anchor;  // where a range begins
+    index_range selection;              // of the body; no row outside is selected
     sections<column> columns;           // all in the body
     sections<std::unique_ptr<row>> rows;
     sections<row*> shown;

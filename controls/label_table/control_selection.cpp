@@ -46,12 +46,16 @@ private:
     com::ptr<scene::IBrush> other_;
 };
 
+std::span<row* const> control::candidates() const noexcept {
+    return body_rows().subspan(selection.first, selection.end - selection.first);
+}
+
 std::vector<ILabelTable::row_key> control::get_selected_keys() const {
-    return collect_selected(body_rows(), &row::key);
+    return collect_selected(candidates(), &row::key);
 }
 
 std::vector<ILabelTable::sort_value> control::get_selected_values() const {
-    return collect_selected(body_rows(), &row::value);
+    return collect_selected(candidates(), &row::value);
 }
 
 std::optional<ILabelTable::row_key> control::get_selected_key() const {
@@ -64,20 +68,23 @@ std::optional<ILabelTable::sort_value> control::get_selected_value() const {
 
 void control::select_by_click(std::size_t clicked, std::uint32_t flags) {
     if (!multi_select || flags == MK_LBUTTON) {
-        select_range(clicked, clicked);
+        select_only({clicked, clicked + 1});
     } else if (flags == (MK_LBUTTON | MK_SHIFT)) {
         if (!anchor) anchor = clicked;
-        select_range(std::min(*anchor, clicked), std::max(*anchor, clicked));
+        select_only({std::min(*anchor, clicked), std::max(*anchor, clicked) + 1});
     } else if (flags == (MK_LBUTTON | MK_CONTROL)) {
         anchor = clicked;
         toggle(clicked);
     }
 }
 
-void control::select_range(std::size_t first, std::size_t last) {
+void control::select_only(index_range wanted) {
     label_brushes brushes(*this);
-    for (std::size_t i = 0; i < body_rows().size(); ++i) {
-        set_selected(*body_rows()[i], i >= first && i <= last, brushes);
+    wanted.end = std::min(wanted.end, body_rows().size());  // a range may begin where rows have gone
+    selection = range_around(selection, wanted);
+    // No other row changes.
+    for (std::size_t i = selection.first; i < selection.end; ++i) {
+        set_selected(*body_rows()[i], wanted.contains(i), brushes);
     }
     draw_selection();
     draw_hot_row();
@@ -86,6 +93,7 @@ void control::select_range(std::size_t first, std::size_t last) {
 void control::toggle(std::size_t index) {
     label_brushes brushes(*this);
     row& changed = *body_rows()[index];
+    selection = range_around(selection, {index, index + 1});
     set_selected(changed, !changed.selected, brushes);
     draw_selection();
     draw_hot_row();
@@ -116,16 +124,14 @@ com::ptr<ID2D1Geometry> control::shape_around(const row& first, const row& last,
 
 /// Adjacent rows are drawn as one.
 void control::draw_selection() {
+    const auto runs = selected_runs(body_rows(), selection);
+    selection = runs.empty() ? index_range{} : range_around(runs.front(), runs.back());
     const auto context = background_node->draw(false);
-    const auto is_selected = [](const row* each) { return each->selected; };
-    const auto end = body_rows().end();
-    auto first = std::find_if(body_rows().begin(), end, is_selected);
-    if (!columns.empty() && first != end) {
+    if (!runs.empty() && !columns.empty()) {
         const auto filled_with = brush("selected.background");
-        while (first != end) {
-            const auto behind = std::find_if_not(first, end, is_selected);
-            context->fill_geometry(shape_around(**first, *behind[-1], 0).get(), filled_with.get());
-            first = std::find_if(behind, end, is_selected);
+        for (const index_range& run : runs) {
+            const auto shape = shape_around(*body_rows()[run.first], *body_rows()[run.end - 1], 0);
+            context->fill_geometry(shape.get(), filled_with.get());
         }
     }
     context->commit();

@@ -54,6 +54,22 @@ void track::take_in(const demand& cell, float gap) noexcept {
     size = std::max(size, cell.preferred_size);
 }
 
+index_range range_around(index_range a, index_range b) noexcept {
+    if (a.first == a.end) return b;
+    if (b.first == b.end) return a;
+    return {std::min(a.first, b.first), std::max(a.end, b.end)};
+}
+
+std::vector<index_range> selected_runs(std::span<row* const> rows, index_range within) {
+    std::vector<index_range> runs;
+    for (std::size_t i = within.first; i < within.end; ++i) {
+        if (!rows[i]->selected) continue;
+        if (runs.empty() || runs.back().end != i) runs.push_back({i, i});
+        ++runs.back().end;
+    }
+    return runs;
+}
+
 float place_tracks(sections<column>& columns) noexcept {
     return place(columns);
 }

@@ -57,6 +57,20 @@ struct row : track {
     ILabelTable::row_key key = 0;
 };
 
+/// Indices from `first` up to `end`, which does not belong to it.
+struct index_range {
+    std::size_t first = 0;
+    std::size_t end = 0;
+
+    [[nodiscard]] bool contains(std::size_t index) const noexcept { return index >= first && index < end; }
+};
+
+/// The smallest range around both.
+[[nodiscard]] index_range range_around(index_range a, index_range b) noexcept;
+
+/// The longest ranges of rows that are all selected, inside `within`.
+[[nodiscard]] std::vector<index_range> selected_runs(std::span<row* const> rows, index_range within);
+
 /// Gives each track its place, each section from 0. Margins of neighbours collapse, across the end of a
 /// section too. Returns where the body ends, with the margin behind it.
 float place_tracks(sections<column>& columns) noexcept;
