@@ -51,7 +51,7 @@ TEST(label_table_tracks, margins_of_neighbours_collapse) {
     rows.add(body, {2, 10, 4});
     rows.add(body, {6, 20, 1});
     rows.add(body, {3, 5, 7});
-    EXPECT_EQ(56, place_tracks(rows.shown));
+    EXPECT_EQ(53, place_tracks(rows.shown));
     EXPECT_EQ((places{{2, 12}, {18, 38}, {41, 46}}), rows.places(body)) << "and the last margin behind them";
 }
 
