@@ -24,6 +24,8 @@ void run_button_workloads();
 void run_line_edit_workload();
 /// Filling, sorting and selecting in a table.
 void run_table_workloads();
+/// Filling a tree view, expanding in it and selecting.
+void run_tree_workloads();
 /// Bytes per node, and per push button with its label.
 void run_memory_workload();
 
