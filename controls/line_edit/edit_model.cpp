@@ -79,7 +79,7 @@ void edit_model::move_caret(bool extend, std::uint32_t position) noexcept {
     if (!extend) {
         end_selection();
     } else if (!selecting_) {
-        anchor_ = cursor_;
+        anchor_ = edit_position();
         selecting_ = true;
     }
     cursor_ = position;
