@@ -67,6 +67,7 @@ control_base::control_base(const D2D_RECT_F& edit_rect, bool with_frame, scene::
       caret_node(scene::create_node()),
       caret_brush(scene::create_blinking_solid_color_brush(black, clear, blink_seconds)),
       selection_effect(com::create_object<colored_text_effect>(style->selected_text_color())) {
+    caret_node->set_hit_transparent(true);  // clicks on it are the edit's
     update_clip();
 }
 
