@@ -2,8 +2,8 @@
 
 #include "com/base_object.h"
 #include "com/object.h"
+#include "controls/testing/refused_layout_operation.h"
 #include "d2d/scene/ITextFormat.h"
-#include "host/testing/table_entry.h"
 #include "scene/testing/call_text.h"
 #include "scene/testing/test_resources.h"
 
@@ -43,25 +43,6 @@ private:
     com::ptr<scene::ITextFormat> real;
 };
 
-/// Lets layouts of the kind of `layout` refuse to tell their metrics, while this lives.
-class failing_metrics {
-public:
-    explicit failing_metrics(IDWriteTextLayout* layout)
-        : entry(layout, get_metrics_slot), original(entry.exchange(refuse)) {}
-    failing_metrics(const failing_metrics&) = delete;
-    failing_metrics& operator=(const failing_metrics&) = delete;
-    ~failing_metrics() { entry.exchange(original); }
-
-    static constexpr HRESULT failure = DWRITE_E_FILEFORMAT;
-
-private:
-    using operation = HRESULT(STDMETHODCALLTYPE*)(IDWriteTextLayout*, DWRITE_TEXT_METRICS*);
-    static constexpr int get_metrics_slot = 60;  // fixed by the interface
-
-    static HRESULT STDMETHODCALLTYPE refuse(IDWriteTextLayout*, DWRITE_TEXT_METRICS*) { return failure; }
-
-    table_entry<operation> entry;
-    operation original;
-};
+using failing_metrics = refused_layout_operation<get_metrics>;
 
 }  // namespace d2d::fakes
