@@ -116,8 +116,8 @@ private:
 
 template <class Work>
 void scroll_area::reporting_view(Work&& work) {
+    const com::ptr<scroll_area> keep = this;  // elements, and who hears of the view, may drop the area
     if (!view_changed) return work();
-    const com::ptr<scroll_area> keep = this;  // the owner may drop the area when it hears of the view
     const D2D_RECT_F before = get_view_rect();
     try {
         work();

@@ -37,16 +37,13 @@ void scroll_area::arrange(D2D_RECT_F new_rect) {
     if (scene::same_edges(new_rect, rect)) return;
     const D2D_SIZE_F old_size = scene::size_of(rect);
     const D2D_SIZE_F new_size = scene::size_of(new_rect);
-    if (new_size.width == old_size.width && new_size.height == old_size.height) {
-        // Kept: a move draws nothing, the separators stay as they were drawn.
-        rect = new_rect;
-        view = view_in_area();
-        place_parts();
-        return;
-    }
+    const bool is_move = new_size.width == old_size.width && new_size.height == old_size.height;
     reporting_view([&] {
         rect = new_rect;
-        update(true);
+        if (!is_move) return update(true);
+        // Kept: a move draws nothing, the separators stay as they were drawn.
+        view = view_in_area();
+        place_parts();
     });
 }
 

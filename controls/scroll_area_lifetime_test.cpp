@@ -40,6 +40,11 @@ protected:
 
 class scroll_area_lifetime_test : public fakes::scroll_area_fixture {
 protected:
+    void TearDown() override {
+        acting.reset();
+        scroll_area_fixture::TearDown();
+    }
+
     static constexpr D2D_RECT_F usual{0, 0, 112, 92};  // 100 by 80 with both bars
     static constexpr D2D_RECT_F large{0, 0, 300, 400};
 
@@ -86,6 +91,8 @@ protected:
                 {"fixed margin", [this] { area.get()->set_margin_fixed_size(top, 9); }},
                 {"scrolled margin", [this] { area.get()->set_margin_scrolled_size(left, 9); }}};
     }
+    com::ptr<acting_element> acting;  // of the left margin, in some tests
+
     [[nodiscard]] std::vector<way> all_ways() {
         auto all = ways_of_the_user();
         for (auto& each : ways_of_the_owner()) all.push_back(std::move(each));
@@ -306,6 +313,45 @@ TEST_F(scroll_area_lifetime_test, handler_may_drop_the_last_reference_while_the_
         EXPECT_EQ(1, told);
         EXPECT_EQ(1, kept.use_count());
         EXPECT_EQ(1u, references(style->get_IUnknown()));
+    }
+}
+
+TEST_F(scroll_area_lifetime_test, element_may_drop_the_last_reference_while_it_is_laid_out) {
+    const auto changes = [this] {
+        return std::vector<way>{{"size",
+                                 [this] {
+                                     area.get()->arrange({0, 0, 132, 112});
+                                 }},
+                                {"move",
+                                 [this] {
+                                     area.get()->arrange({9, 9, 121, 101});
+                                 }},
+                                {"margin", [this] { area.get()->set_margin_fixed_size(left, 5); }},
+                                {"bounds",
+                                 [this] {
+                                     area.get()->set_content_bounds({0, 0, 5, 5});
+                                 }},
+                                {"inset", [this] {
+                                     area.get()->set_margin_element(left, acting, {1, 1, 1, 1});
+                                 }}};
+    };
+    for (const bool heard : {true, false}) {
+        for (const auto& each : changes()) {
+            SCOPED_TRACE(call_text(each.name, heard));
+            make(usual, large);
+            bool dropping = false;
+            acting = com::create_object<acting_element>([&] {
+                if (dropping) area.reset();
+            });
+            area->set_margin_element(left, acting, {});
+            if (heard) hear_view();
+            dropping = true;
+            each.change();
+            EXPECT_EQ(nullptr, area);
+            EXPECT_EQ(2, acting->arranges);
+            EXPECT_EQ(1u, references(acting.get()));
+            EXPECT_EQ(1u, references(style->get_IUnknown()));
+        }
     }
 }
 
