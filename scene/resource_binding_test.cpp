@@ -191,7 +191,8 @@ TEST_F(resource_binding_test, an_animated_binding_keeps_the_clock_on_for_as_long
     EXPECT_EQ(lines{}, clock_calls(view.site.take_calls()));
     auto binding = view->get_binding(brush.get());
     EXPECT_EQ(lines{clock_on}, clock_calls(view.site.take_calls()));
-    auto another_binding = view->get_binding(create_blinking_solid_color_brush(red, blue, 1.0f).get());
+    const auto another_brush = create_blinking_solid_color_brush(red, blue, 1.0f);
+    auto another_binding = view->get_binding(another_brush.get());
     EXPECT_EQ(lines{}, clock_calls(view.site.take_calls())) << "it is on already";
     binding.reset();
     EXPECT_EQ(lines{}, clock_calls(view.site.take_calls())) << "the other one needs it";
@@ -203,7 +204,8 @@ TEST_F(resource_binding_test, a_binding_without_an_animation_needs_no_clock) {
     shown_view view(&first_target);
     view->set_root(node_filled_with(create_solid_color_brush(red).get()));
     EXPECT_EQ(lines{}, clock_calls(view.site.take_calls()));
-    const auto binding = view->get_binding(create_solid_color_brush(blue).get());
+    const auto brush = create_solid_color_brush(blue);
+    const auto binding = view->get_binding(brush.get());
     EXPECT_FALSE(binding.try_as<basic_resource_binding>()->is_animated());
 }
 
