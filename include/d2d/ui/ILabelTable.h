@@ -15,7 +15,7 @@ namespace d2d::ui {
 /// Rows of labels in aligned columns, in a scroll area. Rows are in three sections, named by a number: header
 /// rows (-1) stay above the body, footer rows (1) below it, and both follow it sideways; body rows (0)
 /// scroll, can be sorted, and are selected with the mouse. Any other number throws `std::logic_error`
-/// "invalid section value specified". What throws changes nothing.
+/// "invalid section value specified". An operation on rows that throws changes nothing.
 ///
 /// Put changes between `begin_update` and `end_update`: only the outermost `end_update` lays the table out.
 ///
