@@ -66,9 +66,12 @@ const com::ptr<scene::INode>& control::node_of(int section) const noexcept {
     return section == body ? body_node : footer_node;
 }
 
+// Labels, and handlers that hear of them, may drop the table: each change keeps it.
+
 void control::clear() {
-    rows.clear();
+    const com::ptr<control> keep = this;
     shown.clear();
+    rows.clear();
     columns.clear();
     forget_candidates();
     anchor.reset();
@@ -79,8 +82,9 @@ void control::clear() {
 
 void control::clear_section(int section) {
     if (section != body) std::abort();
-    rows.clear(body);
+    const com::ptr<control> keep = this;
     shown.clear(body);
+    rows.clear(body);
     forget_candidates();
     anchor.reset();
     renew_body();
@@ -123,6 +127,7 @@ void control::insert_row(unsigned index, int section, sort_value value, row_key 
 }
 
 void control::put_row(std::size_t index, int section, std::unique_ptr<row> added) {
+    const com::ptr<control> keep = this;
     sections<column> first_columns;
     if (rows.empty()) {
         for (std::size_t i = 0; i < added->cells.size(); ++i) first_columns.append(body, {});
@@ -136,6 +141,7 @@ void control::put_row(std::size_t index, int section, std::unique_ptr<row> added
 void control::remove_row(unsigned index, int section) {
     check_section(section);
     require(index < rows.size(section), "invalid row number");
+    const com::ptr<control> keep = this;
     const std::unique_ptr<row> removed = rows.take(section, index);
     const auto placed = shown[section];
     const auto place = std::find(placed.begin(), placed.end(), removed.get());
@@ -170,6 +176,7 @@ void control::end_update() {
 }
 
 void control::lay_out() {
+    const com::ptr<control> keep = this;
     if (hot_row && *hot_row >= rows.size(body)) hot_row.reset();
     order_rows();
     measure_cells();
