@@ -1,0 +1,278 @@
+// Each operation of each control, with and without a form on the screen.
+
+#include "com/object.h"
+#include "portable/check_box_control_impl.h"
+#include "portable/edit_control_impl.h"
+#include "portable/group_box_control_impl.h"
+#include "portable/label_control_impl.h"
+#include "portable/option_control_impl.h"
+#include "portable/push_button_control_impl.h"
+#include "portable/radio_button_control_impl.h"
+#include "support/leak_checked_test.h"
+#include "ui/mossHarbour/IStackLayout.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace ui::mossHarbour;
+using testing::ElementsAre;
+using testing::ThrowsMessage;
+
+constexpr const char* not_materialized =
+    "An operation was attempted on a control that has not been materialized";
+constexpr const char* already_materialized =
+    "An operation was attempted on a control that has already been materialized";
+
+std::vector<std::wstring> calls;
+
+void note(std::wstring call) {
+    calls.push_back(std::move(call));
+}
+
+/// A form that writes down what it is asked. `Facade` is kept, as a real form keeps it.
+template <class Materialization>
+class stub_form : public com::base_object<com::object_base, Materialization> {
+public:
+    element_metrics measure(measure_context&) override { return {}; }
+    void arrange(int, int, int, int) override {}
+
+    com::ptr<IUnknown> facade;
+
+protected:
+    ~stub_form() = default;
+};
+
+class label_form : public stub_form<label_control_impl::materialization> {
+public:
+    void set_text(const wchar_t* text) override { note(std::wstring(L"text ") + text); }
+};
+class edit_form : public stub_form<edit_control_impl::materialization> {
+public:
+    void set_text(const wchar_t* text) override { note(std::wstring(L"text ") + text); }
+    void get_text(wchar_t* buffer, int capacity) override {
+        note(L"read " + std::to_wstring(capacity));
+        buffer[0] = 0;
+    }
+};
+class option_form : public stub_form<option_control_impl::materialization> {
+public:
+    void add_option(const wchar_t* text) override { note(std::wstring(L"add ") + text); }
+    void select_option(int index) override { note(L"select " + std::to_wstring(index)); }
+    int get_selection() override { return 7; }
+};
+template <class Materialization>
+class checked_form : public stub_form<Materialization> {
+public:
+    void set_text(const wchar_t* text) override { note(std::wstring(L"text ") + text); }
+    bool is_checked() override { return true; }
+    void set_checked(bool checked) override { note(checked ? L"check" : L"uncheck"); }
+};
+class check_box_form : public checked_form<check_box_control_impl::materialization> {};
+class radio_button_form : public checked_form<radio_button_control_impl::materialization> {};
+class push_button_form : public stub_form<push_button_control_impl::materialization> {
+public:
+    void set_text(const wchar_t* text) override { note(std::wstring(L"text ") + text); }
+    void set_enabled(bool enabled) override { note(enabled ? L"enable" : L"disable"); }
+};
+class group_box_form : public stub_form<group_box_control_impl::materialization> {
+public:
+    void set_text(const wchar_t* text) override { note(std::wstring(L"text ") + text); }
+};
+
+/// A back end of one kind of form.
+template <class Form>
+class stub_context final : public materialization_context {
+public:
+    com::ptr<IMaterializedElement> materialize(const std::type_info& type,
+                                               IMaterializableElement* element) override {
+        asked_for = &type;
+        const auto made = com::create_object<Form>();
+        made->facade = com::ptr<IUnknown>(element);
+        return made;
+    }
+    void dematerialize(IMaterializableElement*, IMaterializedElement* live) override {
+        static_cast<Form&>(*live).facade.reset();
+        ++taken_away;
+    }
+
+    const std::type_info* asked_for = nullptr;
+    int taken_away = 0;
+};
+
+class facades : public test_support::leak_checked_test {
+protected:
+    void SetUp() override {
+        leak_checked_test::SetUp();
+        calls.clear();
+    }
+};
+
+/// Runs `operations`, all of which need a form, without one, with one, and behind it.
+template <class Form, class Facade, class Control>
+void expect_live(const com::ptr<Control>& control, const std::vector<std::function<void()>>& operations,
+                 const std::vector<std::wstring>& expected) {
+    const auto refused = [&] {
+        for (const auto& operation : operations) {
+            EXPECT_THAT(operation, ThrowsMessage<std::logic_error>(not_materialized));
+        }
+        EXPECT_THAT(calls, ElementsAre());
+    };
+    stub_context<Form> context;
+    const com::ptr<IMaterializableElement> element(control.get());
+    element->dematerialize(context);  // nothing is there to be taken away
+    EXPECT_EQ(context.taken_away, 0);
+    for (int round = 0; round < 2; ++round) {
+        calls.clear();
+        refused();
+        EXPECT_TRUE(element->materialize(context));
+        EXPECT_TRUE(*context.asked_for == typeid(Facade));
+        for (const auto& operation : operations) operation();
+        EXPECT_EQ(calls, expected);
+        element->dematerialize(context);
+        calls.clear();
+        refused();
+        EXPECT_EQ(context.taken_away, round + 1);
+    }
+}
+
+TEST_F(facades, of_labels_forward_what_shows) {
+    const auto label = create_label_control();
+    expect_live<label_form, label_control_impl::facade>(label, {[&] { label->set_text(L"a"); }}, {L"text a"});
+}
+
+TEST_F(facades, of_edits_forward_what_shows) {
+    const auto edit = create_edit_control();
+    wchar_t buffer[4];
+    expect_live<edit_form, edit_control_impl::facade>(
+        edit, {[&] { edit->set_text(L"a"); }, [&] { edit->get_text(buffer, 4); }}, {L"text a", L"read 4"});
+}
+
+TEST_F(facades, of_options_forward_what_shows) {
+    const auto option = create_option_control();
+    expect_live<option_form, option_control_impl::facade>(
+        option,
+        {[&] { option->add_option(L"a"); }, [&] { option->select_option(2); },
+         [&] { EXPECT_EQ(option->get_selection(), 7); }},
+        {L"add a", L"select 2"});
+}
+
+TEST_F(facades, of_check_boxes_forward_what_shows) {
+    const auto box = create_check_box_control();
+    expect_live<check_box_form, check_box_control_impl::facade>(
+        box,
+        {[&] { box->set_text(L"a"); }, [&] { EXPECT_TRUE(box->is_checked()); },
+         [&] { box->set_checked(true); }},
+        {L"text a", L"check"});
+}
+
+TEST_F(facades, of_radio_buttons_forward_what_shows) {
+    const auto button = create_radio_button_control(true);
+    expect_live<radio_button_form, radio_button_control_impl::facade>(
+        button,
+        {[&] { button->set_text(L"a"); }, [&] { button->set_checked(false); },
+         [&] { EXPECT_TRUE(button->is_checked()); }},
+        {L"text a", L"uncheck"});
+}
+
+TEST_F(facades, of_push_buttons_forward_what_shows) {
+    const auto button = create_push_button_control();
+    expect_live<push_button_form, push_button_control_impl::facade>(
+        button, {[&] { button->set_text(L"a"); }, [&] { button->set_enabled(false); }},
+        {L"text a", L"disable"});
+}
+
+TEST_F(facades, of_group_boxes_forward_what_shows) {
+    const auto box = create_group_box_control();
+    expect_live<group_box_form, group_box_control_impl::facade>(box, {[&] { box->set_text(L"a"); }},
+                                                                {L"text a"});
+}
+
+TEST_F(facades, of_group_boxes_keep_their_description_while_nothing_is_shown) {
+    const auto box = create_group_box_control();
+    const com::ptr<group_box_control_impl::facade> facade(box.get());
+    const com::ptr<IMaterializableElement> element(box.get());
+    const auto content = create_stack_layout(orientation::vertical);
+    EXPECT_FALSE(facade->get_content());
+    EXPECT_FALSE(box->set_content(content));
+    box->set_padding(1, 2, 3, 4);
+    stub_context<group_box_form> context;
+    element->materialize(context);
+    EXPECT_THAT([&] { box->set_padding(5, 6, 7, 8); }, ThrowsMessage<std::logic_error>(already_materialized));
+    EXPECT_THAT([&] { box->set_content(nullptr); }, ThrowsMessage<std::logic_error>(already_materialized));
+    const auto padding = facade->get_padding();
+    EXPECT_EQ(padding.left, 1);
+    EXPECT_EQ(padding.top, 2);
+    EXPECT_EQ(padding.right, 3);
+    EXPECT_EQ(padding.bottom, 4);
+    EXPECT_TRUE(facade->get_content() == content);
+    element->dematerialize(context);
+    box->set_padding(5, 6, 7, 8);
+    EXPECT_EQ(facade->get_padding().bottom, 8);
+    EXPECT_TRUE(box->set_content(nullptr) == content);
+}
+
+TEST_F(facades, fire_their_handlers_with_the_panel_in_every_state) {
+    auto* const panel = reinterpret_cast<IPanel*>(&calls);  // never looked into
+    std::vector<std::wstring> told;
+    const auto tell = [&](const wchar_t* name) {
+        return [&told, name, panel](IPanel* from) { told.push_back(from == panel ? name : L"another"); };
+    };
+    const auto edit = create_edit_control();
+    const auto option = create_option_control();
+    const auto box = create_check_box_control();
+    const auto push = create_push_button_control();
+    const auto radio = create_radio_button_control(false);
+    const auto fire_all = [&] {
+        com::ptr<edit_control_impl::facade>(edit.get())->fire_changed(panel);
+        com::ptr<option_control_impl::facade>(option.get())->fire_changed(panel);
+        com::ptr<check_box_control_impl::facade>(box.get())->fire_toggled(panel, true);
+        com::ptr<push_button_control_impl::facade>(push.get())->fire_click(panel);
+        com::ptr<radio_button_control_impl::facade>(radio.get())->fire_click(panel);
+    };
+    fire_all();
+    EXPECT_THAT(told, ElementsAre());
+    edit->set_on_changed(tell(L"edit"));
+    option->set_on_selection_changed(tell(L"option"));
+    box->set_on_toggled([&](IPanel* from, bool checked) { tell(checked ? L"box on" : L"box off")(from); });
+    push->set_on_click(tell(L"push"));
+    radio->set_on_click(tell(L"radio"));
+    fire_all();
+    EXPECT_THAT(told, ElementsAre(L"edit", L"option", L"box on", L"push", L"radio"));
+    stub_context<push_button_form> context;
+    const com::ptr<IMaterializableElement> element(push.get());
+    element->materialize(context);
+    element->dematerialize(context);
+    told.clear();
+    com::ptr<push_button_control_impl::facade>(push.get())->fire_click(panel);
+    EXPECT_THAT(told, ElementsAre(L"push"));
+}
+
+TEST_F(facades, of_radio_buttons_know_whether_they_begin_a_group) {
+    for (const bool first : {true, false}) {
+        const auto button = create_radio_button_control(first);
+        EXPECT_EQ(com::ptr<radio_button_control_impl::facade>(button.get())->is_group_start(), first);
+    }
+}
+
+TEST_F(facades, let_a_handler_replace_itself) {
+    const auto button = create_push_button_control();
+    const com::ptr<push_button_control_impl::facade> facade(button.get());
+    int first = 0;
+    int second = 0;
+    button->set_on_click([&](IPanel*) {
+        button->set_on_click([&](IPanel*) { ++second; });
+        ++first;
+    });
+    facade->fire_click(nullptr);
+    facade->fire_click(nullptr);
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 1);
+}
+
+}  // namespace
