@@ -98,6 +98,7 @@ void node::take_out(node& child) {
     if (children.empty()) expanded = false;
     if (!shown_in) return;
     update_expander();
+    if (expander_node && children.empty()) draw_expander();
     if (place < children.size()) {
         children[place]->lay_out();
     } else {
