@@ -1,6 +1,7 @@
 #include "effect_completion.h"
 
 #include "bitmap_transfer.h"
+#include "clipping.h"
 #include "effect.h"
 #include "guarded.h"
 #include "owned.h"
@@ -168,6 +169,7 @@ void complete_context(ID2D1DeviceContext* context) {
     if (context) {
         create_effect_slot.replace(context, &create_effect);
         draw_image_slot.replace(context, &draw_image);
+        complete_clipping(context);
         complete_stroke_drawing(context);
     }
 }
