@@ -135,7 +135,7 @@ void buttons_page::add_radio_buttons() {
 }
 
 void buttons_page::add_disabled() {
-    card& sheet = add_card(L"Enabled or not", L"What is disabled knows the mouse, but cannot be pressed.");
+    card& sheet = add_card(L"Enabled or not", L"What is disabled cannot be pressed.");
     const label heard = make_label(L"Silence.", style.body);
     const auto horn = make_button(style, L"Sound the horn");
     horn->set_on_click([heard, times = 0](bool) mutable {

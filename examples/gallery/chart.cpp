@@ -24,15 +24,18 @@ void write(context& into, const std::wstring& words, float x, float y, float fon
                           std::round(y - layout->GetMaxHeight() / 2), layout.get(), ink.get(), no_options);
 }
 
-/// A coast about a point, and its shallows.
-void draw_island(context& into, std::string_view coast, D2D_POINT_2F middle, const palette& colours) {
-    const auto scaled = [&](float scale) {
-        return d2d::factory::parse_svg_path(coast, {{{scale, 0, 0, scale, middle.x, middle.y}}});
+/// An island with its shallows. They all have one coast, in different sizes and mirrored.
+void draw_island(context& into, D2D_POINT_2F middle, D2D_SIZE_F scale, const palette& colours) {
+    constexpr std::string_view coast =
+        "M0 -82 C55 -86 104 -48 100 4 C96 52 52 78 2 80 C-50 82 -104 62 -106 8 C-108 -46 -52 -78 0 -82 Z";
+    const auto fill = [&](float by, const palette::brush& colour) {
+        const D2D_MATRIX_3X2_F place{{{scale.width * by, 0, 0, scale.height * by, middle.x, middle.y}}};
+        into.fill_geometry(d2d::factory::parse_svg_path(coast, place).get(), colour.get());
     };
-    into.fill_geometry(scaled(1.4f).get(), palette::of(0xA9CFD9).get());
-    into.fill_geometry(scaled(1.18f).get(), palette::of(0xC6E1E6).get());
-    into.fill_geometry(scaled(1).get(), palette::of(0xEFE3BE).get());
-    into.draw_geometry(scaled(1).get(), colours.near_hill.get(), 2, nullptr);
+    fill(1.4f, palette::of(0xA9CFD9));
+    fill(1.18f, palette::of(0xC6E1E6));
+    fill(1, colours.near_hill);
+    fill(0.975f, palette::of(0xEFE3BE));
 }
 
 void draw_grid(context& into, const palette::brush& ink) {
@@ -57,14 +60,14 @@ void draw_soundings(context& into, const palette::brush& ink) {
 }
 
 void draw_course(context& into, const palette& colours) {
-    const auto course = d2d::factory::parse_svg_path(
-        "M150 200 C260 330 320 420 470 430 C640 440 700 250 860 260 C1010 270 1060 480 1130 640",
-        moved(0, 0));
+    constexpr std::string_view path =
+        "M255 164 C330 330 380 425 500 430 C660 436 700 300 850 330 C960 352 930 560 983 664";
     const auto dashes = d2d::factory::create_stroke_style(D2D1_DASH_STYLE_DASH, D2D1_CAP_STYLE_ROUND,
                                                           D2D1_LINE_JOIN_ROUND, 10, 0);
-    into.draw_geometry(course.get(), colours.accent.get(), 2, dashes.get());
-    into.fill_geometry(circle(150, 200, 6).get(), colours.accent.get());
-    into.fill_geometry(circle(1130, 640, 6).get(), colours.accent.get());
+    into.draw_geometry(d2d::factory::parse_svg_path(path, moved(0, 0)).get(), colours.accent.get(), 2,
+                       dashes.get());
+    into.fill_geometry(circle(255, 164, 6).get(), colours.accent.get());
+    into.fill_geometry(circle(983, 664, 6).get(), colours.accent.get());
 }
 
 }  // namespace
@@ -73,25 +76,19 @@ node make() {
     const palette colours;
     return recorded([&](context& into) {
         into.fill_geometry(rectangle(0, 0, size.width, size.height).get(), palette::of(0x8FBECB).get());
-        draw_island(into, "M-95 -70 C-35 -120 55 -100 95 -40 C135 20 85 70 25 80 C-45 90 -95 60 -105 10 Z",
-                    {155, 160}, colours);
-        draw_island(into, "M-58 -64 C22 -84 92 -34 82 26 C62 76 -18 66 -48 36 C-88 6 -98 -44 -58 -64 Z",
-                    {618, 144}, colours);
-        draw_island(into,
-                    "M-100 -85 C-20 -145 110 -105 150 -25 C190 65 140 145 20 145 C-80 145 -150 95 -150 25 Z",
-                    {350, 645}, colours);
-        draw_island(into,
-                    "M-100 -60 C-30 -120 110 -90 120 0 C130 80 50 120 -30 110 C-110 100 -150 0 -100 -60 Z",
-                    {1110, 680}, colours);
-        draw_island(into, "M-60 -35 C0 -55 80 -25 70 25 C50 65 -40 55 -70 25 Z", {1040, 125}, colours);
+        draw_island(into, {155, 160}, {1, 1}, colours);
+        draw_island(into, {618, 144}, {-0.85f, 0.9f}, colours);
+        draw_island(into, {350, 645}, {1.45f, -1.5f}, colours);
+        draw_island(into, {1110, 680}, {-1.2f, 1.3f}, colours);
+        draw_island(into, {1040, 125}, {0.7f, -0.55f}, colours);
         draw_grid(into, palette::of(0xFFFFFF, 0.35f));
         draw_soundings(into, palette::of(0x2B3A3A, 0.45f));
         draw_course(into, colours);
-        write(into, L"Moss Harbour", 160, 150, 15, colours.ink);
-        write(into, L"Gull Rock", 618, 140, 13, colours.ink);
-        write(into, L"Long Strand", 356, 668, 15, colours.ink);
-        write(into, L"Lantern Point", 1104, 690, 13, colours.ink);
-        write(into, L"Seal Skerry", 1044, 128, 12, colours.ink);
+        write(into, L"Moss Harbour", 150, 160, 15, colours.ink);
+        write(into, L"Gull Rock", 618, 144, 13, colours.ink);
+        write(into, L"Long Strand", 350, 645, 15, colours.ink);
+        write(into, L"Lantern Point", 1110, 680, 13, colours.ink);
+        write(into, L"Seal Skerry", 1040, 125, 12, colours.ink);
     });
 }
 

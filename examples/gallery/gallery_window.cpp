@@ -7,8 +7,8 @@
 namespace gallery {
 namespace {
 
-// Small enough for a corner of the screen; the banner and a column of cards still fit.
-constexpr POINT smallest_window{420, 320};
+// A column of cards fits beside the buttons.
+constexpr POINT smallest_window{560, 360};
 
 [[nodiscard]] D2D_SIZE_F size_of(D2D_RECT_F rect) {
     return {rect.right - rect.left, rect.bottom - rect.top};

@@ -76,7 +76,7 @@ void labels_page::add_text_labels() {
 }
 
 void labels_page::add_changing_label() {
-    card& sheet = add_card(L"One that changes", L"Its text is Unicode, and its brush is anybody's choice.");
+    card& sheet = add_card(L"One that changes", L"Its text is Unicode, its brush is your choice.");
     sheet.add_flow().add(word, {200, 44});
     flow& tongues = sheet.add_flow();
     for (const auto* name : {L"EN", L"DE", L"EL", L"RU"}) {
@@ -98,7 +98,7 @@ void labels_page::add_swatches(flow& line) {
 }
 
 void labels_page::add_icon_labels() {
-    card& sheet = add_card(L"Icon labels", L"Each fills one geometry, made from the path of an SVG here.");
+    card& sheet = add_card(L"Icon labels", L"Each fills a geometry, here the path of an SVG.");
     sheet.add_flow().add_moved(icon);
     flow& line = sheet.add_flow();
     for (const auto path : {icons::boat, icons::anchor, icons::heart, icons::star}) {
@@ -165,7 +165,7 @@ void labels_page::add_strips() {
     const auto vertical = create_command_strip(
         true, square, {{nullptr, picture(icons::plus).get()}, {nullptr, picture(icons::minus).get()}},
         nullptr);
-    sheet.add_flow(space::usual).add_moved(horizontal).add_moved(vertical).add_moved(pictures);
+    sheet.add_flow(space::usual).add_moved(horizontal).add_moved(pictures).add_moved(vertical);
 }
 
 }  // namespace

@@ -3,16 +3,12 @@
 
 #include "clipping.h"
 
+#include "clip_stacks.h"
 #include "guarded.h"
 #include "owned.h"
 #include "plane.h"
 #include "scratch_context.h"
 #include "table_slot.h"
-
-#include <algorithm>
-#include <mutex>
-#include <unordered_map>
-#include <vector>
 
 namespace completion {
 
@@ -22,50 +18,6 @@ using push_method = void (STDMETHODCALLTYPE ID2D1RenderTarget::*)(const D2D1_REC
 
 table_slot<push_method> push_slot{&ID2D1RenderTarget::PushAxisAlignedClip};
 table_slot<decltype(&ID2D1RenderTarget::PopAxisAlignedClip)> pop_slot{&ID2D1RenderTarget::PopAxisAlignedClip};
-
-bool leaves_nothing(const D2D1_RECT_F& clip) {
-    return clip.right <= clip.left || clip.bottom <= clip.top;
-}
-
-/// What two clips have in common; nothing lies at the corner of the second one.
-D2D1_RECT_F common(const D2D1_RECT_F& a, const D2D1_RECT_F& b) {
-    const D2D1_RECT_F both{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-                           std::min(a.bottom, b.bottom)};
-    return leaves_nothing(both) ? D2D1_RECT_F{b.left, b.top, b.left, b.top} : both;
-}
-
-/// The clips of the targets that have some, behind the transform, each cut by those beneath it.
-class clip_stacks {
-public:
-    /// Returns what the new clip leaves.
-    D2D1_RECT_F push(ID2D1RenderTarget* target, const D2D1_RECT_F& clip) {
-        const std::lock_guard lock(mutex_);
-        std::vector<D2D1_RECT_F>& clips = stacks_[target];
-        clips.push_back(clips.empty() ? clip : common(clip, clips.back()));
-        return clips.back();
-    }
-
-    void pop(ID2D1RenderTarget* target) noexcept {
-        const std::lock_guard lock(mutex_);
-        const auto found = stacks_.find(target);
-        if (found == stacks_.end()) {
-            return;
-        }
-        found->second.pop_back();
-        if (found->second.empty()) {
-            stacks_.erase(found);
-        }
-    }
-
-private:
-    std::mutex mutex_;
-    std::unordered_map<ID2D1RenderTarget*, std::vector<D2D1_RECT_F>> stacks_;
-};
-
-clip_stacks& stacks() {
-    static clip_stacks all;
-    return all;
-}
 
 /// Draws on a context of its own: a little inside one clip, and all over behind a second one elsewhere.
 bool original_clips_to_nothing(ID2D1RenderTarget* any) {
@@ -93,18 +45,6 @@ bool original_clips_to_nothing(ID2D1RenderTarget* any) {
     return drawn && drawn->at(4, 4)[3] == 0 && drawn->at(12, 12)[3] == 0;
 }
 
-D2D1_RECT_F behind_transform(ID2D1RenderTarget* target, const D2D1_RECT_F& clip) {
-    D2D1_MATRIX_3X2_F transform{};
-    target->GetTransform(&transform);
-    const affine map(transform);
-    extent covered;
-    for (const point corner : {point{clip.left, clip.top}, point{clip.right, clip.top},
-                               point{clip.left, clip.bottom}, point{clip.right, clip.bottom}}) {
-        covered.add(map.apply(corner));
-    }
-    return covered.rectangle();
-}
-
 void push_untransformed(ID2D1RenderTarget* target, const D2D1_RECT_F& clip, D2D1_ANTIALIAS_MODE mode) {
     D2D1_MATRIX_3X2_F transform{};
     target->GetTransform(&transform);
@@ -118,7 +58,7 @@ void STDMETHODCALLTYPE push_clip(ID2D1RenderTarget* self, const D2D1_RECT_F* cli
                                  D2D1_ANTIALIAS_MODE mode) noexcept {
     bool own = false;
     static_cast<void>(guarded([&] {
-        const D2D1_RECT_F left = stacks().push(self, behind_transform(self, *clip));
+        const D2D1_RECT_F left = clip_stacks::all().push(self, behind_transform(self, *clip));
         if (leaves_nothing(left)) {
             static const bool trusted = original_clips_to_nothing(self);
             own = !trusted;
@@ -134,7 +74,7 @@ void STDMETHODCALLTYPE push_clip(ID2D1RenderTarget* self, const D2D1_RECT_F* cli
 }
 
 void STDMETHODCALLTYPE pop_clip(ID2D1RenderTarget* self) noexcept {
-    stacks().pop(self);
+    clip_stacks::all().pop(self);
     pop_slot.original()(self);
 }
 

@@ -8,6 +8,7 @@
 #include "scratch_context.h"
 #include "stroke_drawing.h"
 #include "table_slot.h"
+#include "text_drawing.h"
 
 #include <d2d1effects.h>
 
@@ -171,6 +172,7 @@ void complete_context(ID2D1DeviceContext* context) {
         draw_image_slot.replace(context, &draw_image);
         complete_clipping(context);
         complete_stroke_drawing(context);
+        complete_text_drawing(context);
     }
 }
 
