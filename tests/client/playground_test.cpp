@@ -1,7 +1,7 @@
 // The example to play with, as its user sees it: real input, and what shows of it.
 
+#include "onlooker.h"
 #include "running_program.h"
-#include "settled_picture.h"
 #include "support/golden.h"
 #include "support/input.h"
 #include "support/message_pump.h"
@@ -12,8 +12,8 @@
 
 namespace {
 
+using client_test::onlooker;
 using client_test::running_program;
-using client_test::settled_picture;
 using namespace std::chrono_literals;
 using test_support::click;
 using test_support::drag;
@@ -38,45 +38,41 @@ protected:
         SetForegroundWindow(window);
         ASSERT_TRUE(test_support::pump_until([&] { return GetForegroundWindow() == window; }));
         move_mouse(window, water);
-        shown = settled_picture(window);
+        expect_shown("start");
     }
 
-    /// Does something that changes what shows, and waits until it has.
-    template <class Action>
-    void change(Action&& action) {
-        action();
-        const auto changed = [&] { return grab_client_area(window) != shown; };
-        ASSERT_TRUE(test_support::pump_until(changed)) << "nothing changes";
-        shown = settled_picture(window);
-    }
-
-    /// The same, followed by a comparison.
+    /// Does something that changes what shows, and compares it.
     template <class Action>
     void change(std::string_view golden, Action&& action) {
         SCOPED_TRACE(golden);
-        change(action);
+        const picture before = eye.shown();
+        action();
         expect_shown(golden);
+        EXPECT_TRUE(before != eye.shown()) << "nothing changes";
     }
 
-    void expect_shown(std::string_view golden) const {
-        EXPECT_TRUE(test_support::matches_golden(shown, "playground/" + std::string(golden), fonts));
+    /// The same without a comparison.
+    template <class Action>
+    void change(Action&& action) {
+        const picture before = eye.shown();
+        action();
+        eye.look_until_rest();
+        EXPECT_TRUE(before != eye.shown()) << "nothing changes";
     }
 
-    /// Waits until the window shows `earlier` again, to the pixel.
-    void expect_back(const picture& earlier) {
-        const bool back = test_support::pump_until([&] { return grab_client_area(window) == earlier; }, 5s);
-        shown = grab_client_area(window);
-        EXPECT_TRUE(back) << test_support::compare(earlier, shown).pixels << " pixels differ";
+    void expect_shown(std::string_view golden) {
+        EXPECT_TRUE(eye.shows_golden("playground/" + std::string(golden), fonts));
     }
+
+    void expect_back(const picture& earlier) { EXPECT_TRUE(eye.shows_again(earlier)); }
 
     running_program program{L"playground.exe", L"Playground", L"--still"};
     HWND window = program.window();
-    picture shown;
+    onlooker eye{window};
 };
 
 TEST_F(playground_example, lights_up_what_is_under_the_mouse) {
-    const picture start = shown;
-    expect_shown("start");
+    const picture start = eye.shown();
     change("hovered", [&] { move_mouse(window, wheel); });
     change("hovered_next", [&] { move_mouse(window, anchor); });
     change([&] { move_mouse(window, water); });
@@ -91,7 +87,7 @@ TEST_F(playground_example, moves_a_toy_by_dragging_it_and_keeps_it_in_the_water)
 TEST_F(playground_example, gives_the_focus_by_click_and_tab_and_moves_the_focused_toy_by_arrow_keys) {
     change("clicked", [&] { click(window, buoy); });
     change([&] { move_mouse(window, water); });
-    const picture ringed = shown;
+    const picture ringed = eye.shown();
     change("moved_by_keys", [] {
         strike_key(VK_UP);
         strike_key(VK_UP);
@@ -117,7 +113,7 @@ TEST_F(playground_example, gives_the_focus_by_click_and_tab_and_moves_the_focuse
 TEST_F(playground_example, puts_a_toy_back_when_escape_ends_the_drag) {
     change([&] { click(window, wheel); });
     change([&] { move_mouse(window, water); });
-    const picture before = shown;
+    const picture before = eye.shown();
     change([&] {
         move_mouse(window, wheel);
         test_support::press_mouse();
@@ -188,13 +184,13 @@ struct activity {
     std::chrono::microseconds processor_time;
 };
 
-/// What a program does within two seconds, left alone.
-activity watched(const running_program& program) {
+/// What a program does, left alone for a time, or until it has changed often enough.
+activity watched(const running_program& program, std::chrono::seconds time, int enough) {
     activity result{};
     const auto used = program.processor_time();
     picture last = grab_client_area(program.window());
-    const auto end = std::chrono::steady_clock::now() + 2s;
-    while (std::chrono::steady_clock::now() < end) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (std::chrono::steady_clock::now() < end && result.changes < enough) {
         test_support::pump_for(20ms);
         picture next = grab_client_area(program.window());
         result.changes += next == last ? 0 : 1;
@@ -208,20 +204,18 @@ TEST(playground, at_rest_uses_no_processor_time_and_animated_gets_its_ticks) {
     activity still{};
     {
         const running_program program(L"playground.exe", L"Playground", L"--still");
-        static_cast<void>(settled_picture(program.window()));
-        still = watched(program);
+        onlooker(program.window()).look_until_rest();
+        still = watched(program, 2s, 1);
     }
     EXPECT_EQ(0, still.changes);
     EXPECT_LE(still.processor_time, 20ms);
 
     const running_program program(L"playground.exe", L"Playground");
-    test_support::pump_for(1s);
-    const activity animated = watched(program);
-    EXPECT_GE(animated.changes, 10);
+    const activity animated = watched(program, 60s, 20);
+    EXPECT_EQ(20, animated.changes);
     EXPECT_GT(animated.processor_time, 20ms);
-    std::cout << "in 2 s: at rest " << still.processor_time.count() / 1000
-              << " ms of processor time, animated " << animated.processor_time.count() / 1000 << " ms and "
-              << animated.changes << " changes\n";
+    std::cout << "at rest " << still.processor_time.count() / 1000 << " ms of processor time in 2 s, for "
+              << animated.changes << " changes " << animated.processor_time.count() / 1000 << " ms\n";
 }
 
 }  // namespace
