@@ -110,6 +110,22 @@ TEST_F(option_list_test, a_press_on_a_label_chooses_its_row) {
     EXPECT_EQ(1, popup->get_selected());
 }
 
+TEST_F(option_list_test, where_two_rows_touch_the_first_is_chosen) {
+    open();
+    press_in_list({20, 39.5f}, nullptr);  // within a pixel of both
+    EXPECT_EQ(1, popup->get_selected());
+    open();
+    press_in_list(on_row(0), [&](const moved_function& moved) {
+        moved({20, 39.5f});
+        EXPECT_EQ(style->hot_brush, labels[0]->brush);
+        EXPECT_EQ(style->brush, labels[1]->brush);
+        moved({20, 40.5f});
+        EXPECT_EQ(style->brush, labels[0]->brush);
+        EXPECT_EQ(style->hot_brush, labels[1]->brush);
+    });
+    EXPECT_EQ(2, popup->get_selected());
+}
+
 TEST_F(option_list_test, release_beside_the_rows_keeps_the_selection) {
     open();
     press_in_list(on_row(0), [&](const moved_function& moved) { moved(on_row(3)); });
