@@ -56,7 +56,7 @@ void node::place(D2D_POINT_2F at) {
     set_placed(true);
 }
 
-/// Places the children from one on; those ahead of it are placed.
+/// Places the children from one on, whose size may have changed; those ahead of it are placed.
 void node::place_children(std::size_t from) {
     if (expanded) {
         const float x = origin.x + indentation;
@@ -68,7 +68,7 @@ void node::place_children(std::size_t from) {
             if (!stays) child.place({x, y});
             y = child.subtree_bottom;
             widest = std::max(widest, child.subtree_right);
-            const bool same = stays && child.widest_so_far == widest;
+            const bool same = i > from && stays && child.widest_so_far == widest;
             if (same && unplaced_children == 0) break;  // what follows depends on nothing else
             child.widest_so_far = widest;
         }
