@@ -10,7 +10,7 @@ namespace d2d::scene {
 namespace {
 
 constexpr std::size_t most_cells_of_a_child = 64;
-constexpr std::size_t most_cells_of_an_axis = 256;
+constexpr double most_cells_of_an_axis = 4096;
 
 /// How much the way into a child's space and back may magnify an error of rounding.
 constexpr float greatest_magnification = 16;
@@ -67,11 +67,15 @@ hit_index::axis hit_index::make_axis(float from, float to, std::size_t cell_coun
 hit_index::hit_index(node& owner) {
     D2D_RECT_F whole = owner.subtree_hit_bounds;
     if (!is_finite(whole) || owner.hit_mode == node::hit_solid) whole = owner.subtree_bounds;
-    const double side = std::sqrt(static_cast<double>(owner.children.size()) / 2);
-    const std::size_t cells_of_an_axis =
-        std::clamp(static_cast<std::size_t>(side), std::size_t{1}, most_cells_of_an_axis);
-    across = make_axis(whole.left, whole.right, cells_of_an_axis);
-    down = make_axis(whole.top, whole.bottom, cells_of_an_axis);
+    // Cells about as wide as high, whatever the shape of the whole: a long list has small ones, too.
+    const double wanted = static_cast<double>(owner.children.size()) / 2;
+    const double width = std::max(1.0, static_cast<double>(whole.right) - static_cast<double>(whole.left));
+    const double height = std::max(1.0, static_cast<double>(whole.bottom) - static_cast<double>(whole.top));
+    const double shape = std::isfinite(width / height) ? width / height : 1;
+    const double columns = std::clamp(std::sqrt(wanted * shape), 1.0, most_cells_of_an_axis);
+    const double rows = std::clamp(wanted / columns, 1.0, most_cells_of_an_axis);
+    across = make_axis(whole.left, whole.right, static_cast<std::size_t>(columns));
+    down = make_axis(whole.top, whole.bottom, static_cast<std::size_t>(rows));
     cells.resize(std::size_t{across.count} * down.count);
     spans.reserve(owner.children.size());
     for (const auto& child : owner.children) append(*child);

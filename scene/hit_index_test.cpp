@@ -209,6 +209,26 @@ TEST_F(hit_index_test, child_whose_adding_throws_is_found) {
     }
 }
 
+TEST_F(hit_index_test, few_of_a_long_list_and_of_a_wide_one_are_asked) {
+    for (const bool is_long : {true, false}) {
+        const auto list = create_node();
+        for (int i = 0; i < 4000; ++i) {
+            const float along = static_cast<float>(16 * i);
+            const auto child = filled(is_long ? D2D_RECT_F{0, 0, 200, 14} : D2D_RECT_F{0, 0, 14, 200});
+            child->set_transform(is_long ? translation_matrix(0, along) : translation_matrix(along, 0));
+            list->add_child(child);
+        }
+        hit_index index(inside(list));
+        for (const float along : {5.0f, 32'005.0f, 63'990.0f}) {
+            int asked = 0;
+            const D2D_POINT_2F point = is_long ? D2D_POINT_2F{100, along} : D2D_POINT_2F{along, 100};
+            EXPECT_FALSE(index.visit_candidates(point, [&](std::size_t) { return ++asked, false; }));
+            EXPECT_GT(asked, 0) << along;
+            EXPECT_LT(asked, 10) << along;
+        }
+    }
+}
+
 TEST_F(hit_index_test, mouse_that_moves_within_one_of_many_children_allocates_nothing) {
     top = &make_pair();
     parent = &make_pair();
