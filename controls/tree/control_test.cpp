@@ -1,0 +1,330 @@
+// What a tree view and its entries do, and say.
+
+#include "controls/testing/tree_fixture.h"
+#include "scene/matrix.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace d2d::ui::tree {
+namespace {
+
+using scene::fakes::call_text;
+using scene::fakes::thrown_by;
+
+using tree_test = fakes::tree_fixture;
+
+// Selection
+
+TEST_F(tree_test, selects_one_entry_and_tells_of_the_former) {
+    shown->select(a.get());
+    EXPECT_EQ("selection_changed none a", told());
+    shown->select(a.get());
+    EXPECT_EQ("", told()) << "selected already";
+    shown->select(b.get());
+    EXPECT_EQ("selection_changed a b", told());
+    EXPECT_FALSE(a->is_selected());
+    EXPECT_TRUE(b->is_selected());
+    shown->set_handler(nullptr);
+    shown->select(r.get());
+    EXPECT_TRUE(r->is_selected());
+    EXPECT_FALSE(b->is_selected());
+}
+
+TEST_F(tree_test, selects_rows_that_are_not_to_be_seen) {
+    r->set_expanded(false);
+    shown->select(a.get());
+    EXPECT_EQ("collapsed r, selection_changed none a", told());
+}
+
+TEST_F(tree_test, selects_only_what_is_in_it) {
+    const auto free_one = entry("free");
+    const auto other = com::create_object<control>();
+    const auto elsewhere = entry("elsewhere");
+    other->set_root(elsewhere.get());
+    EXPECT_EQ("tree node must be in tree", thrown_by([&] { shown->select(free_one.get()); }));
+    EXPECT_EQ("tree node must be in tree", thrown_by([&] { shown->select(elsewhere.get()); }));
+    r->remove_child(a.get());
+    EXPECT_EQ("tree node must be in tree", thrown_by([&] { shown->select(a.get()); }));
+    EXPECT_EQ("", told());
+}
+
+TEST_F(tree_test, an_entry_stays_selected_where_it_goes_until_another_is) {
+    shown->select(a.get());
+    r->remove_child(a.get());
+    EXPECT_TRUE(a->is_selected());
+    static_cast<void>(told());
+    b->add_child(a.get());
+    shown->select(r.get());
+    EXPECT_EQ("selection_changed a r", told());
+    EXPECT_FALSE(a->is_selected());
+}
+
+class foreign_node : public com::base_object<com::object_base, ITreeNode> {
+public:
+    void* get_data() const override { return nullptr; }
+    void set_data(void*) override {}
+    void set_icon(scene::IBitmap*) override {}
+    void set_text(const wchar_t*, std::size_t) override {}
+    void set_state_icon(scene::IBitmap*) override {}
+    void add_child(ITreeNode*) override {}
+    void remove_child(ITreeNode*) override {}
+    void set_expandable(bool) override {}
+    void set_expanded(bool) override {}
+    bool is_expanded() const override { return false; }
+    bool is_selected() const override { return false; }
+    void set_highlighted(bool) override {}
+    com::ptr<scene::INode> create_drag_image() override { return nullptr; }
+
+protected:
+    ~foreign_node() = default;
+};
+
+TEST_F(tree_test, refuses_entries_of_another_make) {
+    const auto foreign = com::create_object<foreign_node>();
+    EXPECT_EQ("bad tree node type", thrown_by([&] { r->add_child(foreign.get()); }));
+    EXPECT_EQ("bad tree node type", thrown_by([&] { r->remove_child(foreign.get()); }));
+    EXPECT_EQ("bad tree node type", thrown_by([&] { shown->set_root(foreign.get()); }));
+    EXPECT_EQ("bad tree node type", thrown_by([&] { shown->select(foreign.get()); }));
+    EXPECT_EQ("bad tree node type", thrown_by([&] { r->add_child(nullptr); }));
+    EXPECT_EQ("bad tree node type", thrown_by([&] { shown->select(nullptr); }));
+    EXPECT_EQ(3u, rows());
+}
+
+TEST_F(tree_test, refuses_cycles_and_roots_with_a_parent) {
+    const auto deep = entry("deep", a);
+    const std::string cycle = "a tree node can't be put below itself";
+    EXPECT_EQ(cycle, thrown_by([&] { deep->add_child(r.get()); }));
+    EXPECT_EQ(cycle, thrown_by([&] { a->add_child(a.get()); }));
+    EXPECT_EQ("a tree's root can't have a parent", thrown_by([&] { shown->set_root(a.get()); }));
+    EXPECT_EQ("r", at(on_r));
+    EXPECT_EQ("a", at(on_a));
+}
+
+// Expansion
+
+TEST_F(tree_test, asks_before_it_expands_and_tells_when_it_has_collapsed) {
+    r->set_expanded(false);
+    EXPECT_EQ("collapsed r", told());
+    EXPECT_EQ(1u, rows());
+    r->set_expanded(false);
+    EXPECT_EQ("", told());
+    when("tree: can_expand r", [] { return true; });
+    r->set_expanded(true);
+    EXPECT_EQ("can_expand r", told());
+    EXPECT_FALSE(r->is_expanded()) << "refused";
+    EXPECT_EQ(1u, rows());
+    r->set_expanded(true);
+    EXPECT_EQ("can_expand r", told());
+    EXPECT_EQ(3u, rows());
+}
+
+TEST_F(tree_test, the_handler_fills_an_entry_when_it_is_asked) {
+    b->set_expandable(true);
+    com::ptr<ITreeNode> late;
+    pass_after("tree: can_expand b", [&] { late = entry("late", b); });
+    b->set_expanded(true);
+    EXPECT_EQ("can_expand b", told());
+    EXPECT_EQ(4u, rows());
+    EXPECT_EQ("late", at({64, 62}));
+}
+
+TEST_F(tree_test, only_keeps_the_value_where_there_is_no_expander) {
+    const auto free_one = entry("free");
+    const auto below = entry("below", free_one);
+    free_one->set_expanded(true);
+    a->set_expanded(true);
+    EXPECT_TRUE(free_one->is_expanded());
+    EXPECT_TRUE(a->is_expanded());
+    a->add_child(free_one.get());
+    EXPECT_EQ("", told()) << "nobody is asked";
+    EXPECT_EQ(5u, rows());
+}
+
+TEST_F(tree_test, collapses_with_its_last_child) {
+    r->remove_child(a.get());
+    EXPECT_TRUE(r->is_expanded());
+    r->remove_child(a.get());
+    EXPECT_EQ(2u, rows()) << "is no child any more";
+    r->remove_child(b.get());
+    EXPECT_FALSE(r->is_expanded());
+    EXPECT_EQ("", told());
+    EXPECT_EQ(1u, rows());
+    EXPECT_EQ("none", at(on_expander));
+}
+
+// The mouse
+
+TEST_F(tree_test, a_press_on_a_row_selects_it_and_takes_the_focus) {
+    press_at(on_a);
+    EXPECT_EQ("selection_changed none a", told());
+    EXPECT_TRUE(content()->has_focus(false));
+    r->set_expanded(false);
+    EXPECT_TRUE(content()->has_focus(false)) << "though the row is gone";
+}
+
+TEST_F(tree_test, a_press_on_the_background_only_takes_the_focus) {
+    EXPECT_FALSE(content()->has_focus(true));
+    record(content(), {0, 0, 100, 100});
+    press_at(beside);
+    EXPECT_TRUE(content()->has_focus(false));
+    EXPECT_EQ("", told());
+}
+
+TEST_F(tree_test, a_right_press_asks_for_the_menu_and_selects_nothing) {
+    press_at(on_a, mouse_button::right);
+    EXPECT_EQ("context_menu a", told());
+    EXPECT_FALSE(a->is_selected());
+}
+
+TEST_F(tree_test, a_drag_starts_with_any_button_and_selects) {
+    site.drag_detected = true;
+    press_at(on_a, mouse_button::right);
+    // The row stands at (14, 18).
+    EXPECT_EQ("selection_changed none a, drag_begin a 36 8 1", told());
+    press_at(on_a);
+    EXPECT_EQ("drag_begin a 36 8 0", told());
+}
+
+TEST_F(tree_test, the_expander_toggles_when_the_press_ends_on_it) {
+    site.drag = [](const auto& moved) {
+        moved({500, 500});
+        return true;
+    };
+    press_at(on_expander);
+    EXPECT_EQ("", told()) << "released off it";
+    EXPECT_TRUE(r->is_expanded());
+    site.drag = [](const auto& moved) {
+        moved({500, 500});
+        moved({0, 0});
+        return true;
+    };
+    press_at(on_expander);
+    EXPECT_EQ("collapsed r", told());
+    site.drag = nullptr;
+    press_at(on_expander);
+    EXPECT_EQ("can_expand r", told());
+    press_at(on_expander, mouse_button::right);
+    EXPECT_EQ("", told());
+    EXPECT_TRUE(r->is_expanded());
+}
+
+TEST_F(tree_test, finds_the_entry_at_a_point_of_the_view) {
+    shown->get_node()->set_transform(scene::translation_matrix(5, 5));
+    EXPECT_EQ("r", at(on_r));
+    EXPECT_EQ("a", at(on_a));
+    EXPECT_EQ("b", at(on_b));
+    EXPECT_EQ("r", at(on_expander)) << "the expander is of the row";
+    EXPECT_EQ("none", at(beside));
+    shown->set_root(nullptr);
+    EXPECT_EQ("a", at(on_a)) << "rows of a former root stay";
+}
+
+// Lifetime, and what handlers do
+
+TEST_F(tree_test, each_call_may_release_the_view) {
+    const struct {
+        const char* line;
+        std::function<void()> cause;
+    } calls_of_all[] = {
+        {"collapsed r", [&] { r->set_expanded(false); }},
+        {"can_expand b", [&] { b->set_expanded(true); }},
+        {"context_menu a", [&] { press_at(on_a, mouse_button::right); }},
+        {"selection_changed none a", [&] { press_at(on_a); }},
+        {"drag_begin a 36 8 0",
+         [&] {
+             shown->select(a.get());
+             site.drag_detected = true;
+             press_at(on_a);
+         }},
+    };
+    for (const auto& [line, cause] : calls_of_all) {
+        SCOPED_TRACE(line);
+        a = entry("a");
+        b = entry("b");
+        r = entry("r");
+        r->add_child(a.get());
+        r->add_child(b.get());
+        r->set_expanded(true);
+        b->set_expandable(true);
+        drop_view();
+        make_view();
+        shown->set_root(r.get());
+        pass_after(std::string("tree: ") + line, [&] { drop_view(); });
+        cause();
+        EXPECT_FALSE(shown);
+        site.drag_detected = false;
+    }
+}
+
+TEST_F(tree_test, handlers_may_take_the_row_out_and_replace_the_root) {
+    pass_after("tree: selection_changed none a", [&] {
+        r->remove_child(a.get());
+        a.reset();
+    });
+    press_at(on_a);
+    EXPECT_EQ(2u, rows());
+    pass_after("tree: context_menu b", [&] { r->remove_child(b.get()); });
+    press_at({50, 26}, mouse_button::right);
+    EXPECT_EQ(1u, rows());
+    const auto next = entry("next");
+    r->set_expandable(true);
+    when("tree: can_expand r", [&] {
+        shown->set_root(next.get());
+        r.reset();
+        return false;
+    });
+    r->set_expanded(true);
+    EXPECT_EQ(1u, rows()) << "the former root is gone";
+    EXPECT_EQ("next", at(on_r));
+}
+
+TEST_F(tree_test, an_expander_that_goes_while_it_is_pressed_toggles_nothing) {
+    site.drag = [&](const auto&) {
+        r->remove_child(a.get());
+        r->remove_child(b.get());
+        return true;
+    };
+    press_at(on_expander);
+    EXPECT_EQ("", told());
+    r->add_child(a.get());
+    site.drag = [&](const auto&) {
+        drop_view();
+        return true;
+    };
+    press_at(on_expander);
+    EXPECT_EQ("", told());
+    EXPECT_FALSE(r->is_expanded());
+}
+
+TEST_F(tree_test, rows_of_a_former_root_stay_while_it_lives) {
+    const auto next = entry("next");
+    shown->set_root(next.get());
+    EXPECT_EQ(4u, rows());
+    shown->select(a.get());
+    EXPECT_EQ("selection_changed none a", told()) << "still in the view";
+    r.reset();
+    EXPECT_EQ(1u, rows()) << "its children leave with it";
+    EXPECT_EQ("next", at(on_r));
+    EXPECT_EQ("tree node must be in tree", thrown_by([&] { shown->select(b.get()); }));
+}
+
+TEST_F(tree_test, entries_outlive_the_view_and_go_into_another) {
+    drop_view();
+    r->set_expanded(false);
+    r->set_expanded(true);
+    const auto c = entry("c", r);
+    EXPECT_EQ("", told());
+    make_view();
+    shown->set_root(r.get());
+    EXPECT_EQ(4u, rows());
+    const auto other = com::create_object<control>();
+    other->set_root(r.get());
+    EXPECT_EQ(0u, rows());
+    other->select(c.get());
+    EXPECT_EQ("tree node must be in tree", thrown_by([&] { shown->select(c.get()); }));
+}
+
+}  // namespace
+}  // namespace d2d::ui::tree
