@@ -23,6 +23,7 @@ int main(int count, char** arguments) {
         bench::run_style_workload();
         bench::run_list_workloads();
         bench::run_tree_workloads();
+        bench::run_portable_workloads();
         bench::run_button_workloads();
         bench::run_line_edit_workload();
     } catch (const std::exception& failure) {

@@ -26,6 +26,8 @@ void run_line_edit_workload();
 void run_table_workloads();
 /// Filling a tree view, expanding in it and selecting.
 void run_tree_workloads();
+/// Portable layouts: a stack, and a grid.
+void run_portable_workloads();
 /// Bytes per node, and per push button with its label.
 void run_memory_workload();
 
