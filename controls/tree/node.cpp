@@ -95,9 +95,10 @@ void node::take_out(node& child) {
     if (shown_in && !child.placed) --unplaced_children;
     child.leave();
     child.parent = nullptr;
-    if (children.empty()) expanded = false;
+    const bool closes = children.empty() && std::exchange(expanded, false);
     if (!shown_in) return;
     update_expander();
+    if (closes && expander_node) draw_expander();
     if (expander_node && children.empty()) draw_expander();
     if (place < children.size()) {
         children[place]->lay_out();

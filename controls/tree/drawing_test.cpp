@@ -1,0 +1,166 @@
+// How rows look.
+
+#include "controls/testing/tree_fixture.h"
+#include "scene/testing/pixel_target.h"
+#include "support/golden.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace d2d::ui::tree {
+namespace {
+
+using scene::fakes::call_text;
+
+class tree_drawing_test : public fakes::tree_fixture {
+protected:
+    [[nodiscard]] static std::string brush(const _D3DCOLORVALUE& color) {
+        return "brush(" + call_text(color) + ")";
+    }
+    [[nodiscard]] static std::string system(int index) {
+        const COLORREF color = GetSysColor(index);
+        const auto channel = [](BYTE value) { return static_cast<float>(value) / 255; };
+        return brush({channel(GetRValue(color)), channel(GetGValue(color)), channel(GetBValue(color)), 1});
+    }
+    /// What is painted of one entry: its shape and its text.
+    [[nodiscard]] lines painted_row() {
+        lines found = painted();
+        std::erase_if(found, [](const std::string& line) {
+            return !line.starts_with("FillGeometry") && !line.starts_with("DrawGeometry") &&
+                   !line.starts_with("DrawTextLayout");
+        });
+        return found;
+    }
+    static com::ptr<scene::IBitmap> square(D2D_SIZE_U size, unsigned color) {
+        auto pixels = std::make_unique<unsigned[]>(std::size_t{size.width} * size.height);
+        std::fill_n(pixels.get(), std::size_t{size.width} * size.height, color);
+        return scene::IBitmap::create(size, std::move(pixels));
+    }
+};
+
+TEST_F(tree_drawing_test, background_and_ink_show_the_state) {
+    const auto layout =
+        shown->get_view().look().text_format->create_layout(std::wstring_view(L"single"), 0, 0);
+    DWRITE_TEXT_METRICS metrics{};
+    ASSERT_EQ(S_OK, layout->GetMetrics(&metrics));
+    const D2D_RECT_F outline{0.5f, 0.5f, std::ceil(metrics.width) + 3.5f, std::ceil(metrics.height) + 1.5f};
+    const std::string shape = "rounded_rectangle(" + call_text(outline, 2.0f, 2.0f) + ")";
+    const auto on = [&](const std::string& fill, const std::string& line) {
+        return lines{"FillGeometry " + shape + " " + fill, "DrawGeometry " + shape + " " + line + " 1 null"};
+    };
+    const std::string inactive = system(COLOR_INACTIVECAPTION);
+    const lines on_focused = on(system(COLOR_HIGHLIGHT), system(COLOR_HOTLIGHT));
+    const lines on_hot = on(brush({0.9f, 0.9f, 1, 0.7f}), brush({0.5f, 0.5f, 1, 0.7f}));
+    const lines on_inactive = on(inactive, inactive);
+    for (unsigned bits = 0; bits < 16; ++bits) {
+        const bool selected = (bits & 1) != 0;
+        const bool focused = (bits & 2) != 0;
+        const bool highlighted = (bits & 4) != 0;
+        const bool hovered = (bits & 8) != 0;
+        SCOPED_TRACE(testing::Message() << (selected ? "selected " : "") << (focused ? "focused " : "")
+                                        << (highlighted ? "highlighted " : "") << (hovered ? "hot" : ""));
+        content()->release_focus();
+        move_to(beside);
+        r = entry("single");
+        shown->set_root(r.get());
+        if (selected) shown->select(r.get());
+        r->set_highlighted(highlighted);
+        if (hovered) move_to(on_r);
+        if (focused) content()->set_focus();
+
+        const bool active = selected && focused;
+        lines wanted;
+        if (active) {
+            wanted = on_focused;
+        } else if (highlighted || hovered) {
+            wanted = on_hot;
+        } else if (selected) {
+            wanted = on_inactive;
+        }
+        const int ink = active     ? COLOR_HIGHLIGHTTEXT
+                        : selected ? COLOR_INACTIVECAPTIONTEXT
+                                   : COLOR_WINDOWTEXT;
+        wanted.push_back("DrawTextLayout 1 1 layout " + system(ink) + " 0");
+        EXPECT_EQ(wanted, painted_row());
+    }
+}
+
+TEST_F(tree_drawing_test, the_drag_image_leaves_room_for_the_state_icon) {
+    a->set_icon(square({16, 16}, 0xFF0000FF).get());
+    a->set_state_icon(square({10, 16}, 0xFF00FF00).get());
+    const auto image = a->create_drag_image();
+    image->set_effect(nullptr);  // which needs a device
+    drop_view();
+    root->add_child(image);
+    lines found = painted();
+    std::erase_if(found, [](const std::string& line) {
+        return !line.starts_with("DrawBitmap") && !line.starts_with("DrawText");
+    });
+    ASSERT_EQ(2u, found.size());
+    EXPECT_TRUE(found[0].starts_with("DrawBitmap bitmap(16 16) 10 1 26 17 ")) << found[0];
+    EXPECT_EQ("DrawTextLayout 30 0 layout " + system(COLOR_WINDOWTEXT) + " 0", found[1]);
+    root->remove_child(image);
+}
+
+class tree_picture_test : public tree_drawing_test {
+protected:
+    // Small differences of the machine that paints count as equal.
+    static constexpr test_support::tolerance allowed{.channel = 8, .pixels = 40};
+
+    void SetUp() override {
+        tree_drawing_test::SetUp();
+        fill(root, {0, 0, 1000, 1000}, {1, 1, 1, 1});
+        edge->detach_render_target(nullptr);
+    }
+    [[nodiscard]] test_support::picture picture() {
+        edge->attach_render_target(sheet.get());
+        sheet.paint(*edge.get());
+        edge->detach_render_target(sheet.get());
+        return sheet.picture();
+    }
+
+    const scene::fakes::pixel_target sheet{280, 160};
+};
+
+TEST_F(tree_picture_test, the_expander_of_an_entry_without_children_shows_that_it_is_closed) {
+    r->set_expandable(true);
+    const auto open = picture();
+    r->set_expanded(false);
+    const auto closed = picture();
+    EXPECT_FALSE(open == closed);
+    r->set_expanded(true);
+    EXPECT_TRUE(open == picture());
+    r->remove_child(a.get());
+    r->remove_child(b.get());
+    EXPECT_TRUE(closed == picture());
+}
+
+TEST_F(tree_picture_test, of_a_tree) {
+    shown->arrange({0, 0, 150, 150});
+    const auto icon = square({16, 16}, 0xFF4080C0);
+    const auto state = square({12, 16}, 0xFFE0A030);
+    const auto focused = entry("focused", b);
+    const auto hot = entry("highlighted", b);
+    const auto closed = entry("closed", b);
+    const auto two_lines = entry("two lines\nof text", r);
+    closed->set_expandable(true);
+    b->set_expanded(true);
+    for (const auto& each : {r, a, hot, two_lines}) each->set_icon(icon.get());
+    for (const auto& each : {a, hot, two_lines}) each->set_state_icon(state.get());
+    shown->select(focused.get());
+    content()->set_focus();
+    hot->set_highlighted(true);
+    const auto image = hot->create_drag_image();
+    image->set_effect(nullptr);  // which needs a device
+    image->set_transform({{{1, 0, 0, 1, 160, 20}}});
+    root->add_child(image);
+    EXPECT_TRUE(test_support::matches_golden(picture(), "tree/states", allowed));
+    root->remove_child(image);
+}
+
+}  // namespace
+}  // namespace d2d::ui::tree
