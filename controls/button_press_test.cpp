@@ -314,7 +314,7 @@ TEST_P(button_press, takes_back_its_look_where_the_loop_throws) {
     };
     EXPECT_EQ("the loop ended", thrown_by<std::runtime_error>([&] { press_at(inside); }));
     EXPECT_FALSE(button->is_checked());
-    forget();
+    EXPECT_EQ("enabled hot down, enabled hot, enabled hot down, enabled hot", drawn_and_clicked());
     move_to(outside);
     EXPECT_EQ("enabled", drawn());  // neither down nor hot
     while_pressed([](const moved_function&) {});

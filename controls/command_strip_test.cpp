@@ -466,8 +466,10 @@ TEST_F(command_strip_test, exception_out_of_the_loop_passes_and_leaves_a_whole_c
         moved({10, 10});
         throw std::runtime_error("the loop ended");
     };
-    EXPECT_EQ("the loop ended", thrown_by<std::runtime_error>([&] { press_at({10, 10}); }));
     forget();
+    EXPECT_EQ("the loop ended", thrown_by<std::runtime_error>([&] { press_at({10, 10}); }));
+    EXPECT_EQ("cell 0: enabled hot down, cell 0: enabled hot, cell 0: enabled hot down, cell 0: enabled hot",
+              drawn());
     move(90, 90);
     EXPECT_EQ("cell 0: enabled, outline: enabled", drawn());
     while_pressed([](const auto&) {});
