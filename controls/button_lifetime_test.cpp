@@ -39,6 +39,7 @@ TEST_P(button_lifetime, node_that_is_kept_shows_the_picture_and_hears_nothing) {
     forget();
     EXPECT_EQ(picture, painted());
     EXPECT_TRUE(scene_test::inside(kept).handlers.empty());
+    EXPECT_FALSE(scene_test::inside(kept).focus_handler);
     move_to(outside);
     move_to(inside);
     press_at(inside);
@@ -58,6 +59,7 @@ TEST_P(button_lifetime, ends_while_its_node_has_left_the_view) {
     button.reset();
     EXPECT_FALSE(alive());
     EXPECT_TRUE(scene_test::inside(kept).handlers.empty());
+    EXPECT_FALSE(scene_test::inside(kept).focus_handler);
 }
 
 TEST_P(button_lifetime, handlers_of_others_on_its_node_stay) {
@@ -91,6 +93,7 @@ TEST_P(button_lifetime, last_reference_may_go_in_its_call) {
     EXPECT_FALSE(alive());
     EXPECT_TRUE(captured.expired());
     EXPECT_TRUE(scene_test::inside(kept).handlers.empty());
+    EXPECT_FALSE(scene_test::inside(kept).focus_handler);
     root->remove_child(kept);
 }
 

@@ -269,6 +269,7 @@ TEST_F(text_label_test, metrics_that_the_platform_refuses_throw_and_change_nothi
     }
     EXPECT_TRUE(same(rect, label->get_rect()));
     EXPECT_EQ(before, drawing());
+    EXPECT_EQ(exactly(extent(L"Harbour", 20)), text_of(label->measure()));
     label->set_text(L"small");
     EXPECT_TRUE(same(centred(extent(L"small", 9)), label->get_rect()));
 }
