@@ -57,6 +57,17 @@ inline constexpr std::string_view scrolling_page =
     "M12 1.5 L17 7.5 H7 Z M12 22.5 L7 16.5 H17 Z M12 9.2 C13.6 9.2 14.8 10.4 14.8 12"
     "C14.8 13.6 13.6 14.8 12 14.8 C10.4 14.8 9.2 13.6 9.2 12 C9.2 10.4 10.4 9.2 12 9.2 Z";
 
+inline constexpr std::string_view lists_page =
+    "M3 4 h3 v3 h-3 Z M8 4 h13 v3 h-13 Z M3 10.5 h3 v3 h-3 Z M8 10.5 h13 v3 h-13 Z M3 17 h3 v3 h-3 Z"
+    "M8 17 h13 v3 h-13 Z";
+inline constexpr std::string_view tree_page =
+    "M3 3 h8 v4 h-3 v3.5 h5 v-1.5 h8 v5 h-8 v-1.5 h-5 v5.5 h5 v-1.5 h8 v5 h-8 v-1.5 h-7 v-13 h-3 Z";
+inline constexpr std::string_view text_page =
+    "M8 3 h3 C11.4 3 11.7 3.1 12 3.4 C12.3 3.1 12.6 3 13 3 h3 v2 h-3 v14 h3 v2 h-3 C12.6 21 12.3 20.9 12 20.6"
+    "C11.7 20.9 11.4 21 11 21 h-3 v-2 h3 v-14 h-3 Z M2 7 h7 v2 h-5 v6 h5 v2 h-7 Z M15 7 h7 v10 h-7 v-2 h5 "
+    "v-6 "
+    "h-5 Z";
+
 /// An icon with its middle at (0, 0) and sides of `size` pixels.
 [[nodiscard]] com::ptr<ID2D1Geometry> geometry(std::string_view icon, float size);
 

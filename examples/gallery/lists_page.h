@@ -1,0 +1,9 @@
+#pragma once
+
+#include "page.h"
+
+namespace gallery {
+
+[[nodiscard]] std::unique_ptr<page> make_lists_page(const look& style);
+
+}  // namespace gallery
