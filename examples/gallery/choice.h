@@ -19,6 +19,7 @@ public:
     /// The first one is the one that is checked at the start.
     void add(com::ptr<d2d::ui::IButton> button);
     void choose(std::size_t which);
+    [[nodiscard]] std::size_t size() const noexcept { return buttons.size(); }
     [[nodiscard]] std::size_t chosen() const noexcept { return checked; }
 
 private:

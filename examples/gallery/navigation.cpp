@@ -21,7 +21,6 @@ navigation::navigation(const look& style, const sketch::node& parent, std::funct
         button->arrange({margin, y, width - margin, y + button_height});
         column->add_child(button->get_node());
         pages.add(button);
-        buttons.push_back(button);
         y += button_height + space::small;
     }
     area->set_content_bounds({0, 0, width - margin, y - space::small + space::large});
@@ -33,7 +32,7 @@ void navigation::place(D2D_RECT_F rect) {
 }
 
 void navigation::step(int places) {
-    const int count = static_cast<int>(buttons.size());
+    const int count = static_cast<int>(pages.size());
     const int now = static_cast<int>(pages.chosen());
     pages.choose(static_cast<std::size_t>((now + places % count + count) % count));
 }

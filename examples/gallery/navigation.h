@@ -21,7 +21,6 @@ public:
 private:
     choice pages;
     sketch::node column = d2d::scene::create_node();
-    std::vector<com::ptr<d2d::ui::IButton>> buttons;
     com::ptr<d2d::ui::IScrollArea> area = d2d::ui::create_scroll_area({0, 0, 1, 1}, nullptr);
     holder area_place;
 };

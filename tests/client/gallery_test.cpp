@@ -159,6 +159,18 @@ TEST_F(gallery_example, scrolls_a_page_by_keys_wheel_and_thumb) {
     press("horn_disabled", enabled_card, {724, 586});
 }
 
+TEST_F(gallery_example, turns_pages_by_keys_around_the_end) {
+    constexpr RECT navigation{0, 80, 184, 240};
+    const picture start = eye.shown();
+    change("key_to_labels", navigation, beneath_the_banner, [] { strike_key(VK_TAB, {VK_CONTROL}); });
+    const picture labels = eye.shown();
+    strike_key(VK_TAB, {VK_CONTROL, VK_SHIFT});
+    expect_back(start);
+    strike_key(VK_TAB, {VK_CONTROL, VK_SHIFT});  // the last page
+    strike_key(VK_TAB, {VK_CONTROL, VK_SHIFT});
+    expect_back(labels);
+}
+
 TEST_F(gallery_example, changes_labels) {
     constexpr RECT changing_card{570, 167, 916, 393};
     constexpr RECT icon_card{208, 409, 554, 636};
