@@ -89,25 +89,27 @@ hit_index* hit_index::for_test(node& owner, D2D_POINT_2F origin, const D2D_MATRI
         std::max(x * std::fabs(matrix._11) + y * std::fabs(matrix._21) + std::fabs(matrix._31),
                  x * std::fabs(matrix._12) + y * std::fabs(matrix._22) + std::fabs(matrix._32));
     if (!(greatest <= greatest_sum)) return nullptr;
-    if (!owner.child_index) {
+    child_lookup& lookup = owner.child_lookup_of_many();
+    if (!lookup.index) {
         // A tree that changes as a whole between any two tests is better asked than indexed.
-        if (!std::exchange(owner.tested_before, true)) return nullptr;
-        owner.child_index = std::make_unique<hit_index>(owner);
+        if (!std::exchange(lookup.tested_before, true)) return nullptr;
+        lookup.index = std::make_unique<hit_index>(owner);
     }
-    owner.child_index->changes = 0;
-    return owner.child_index.get();
+    lookup.index->changes = 0;
+    return lookup.index.get();
 }
 
 void hit_index::drop(node& owner) noexcept {
-    owner.child_index.reset();
-    owner.tested_before = false;
+    if (!owner.lookup) return;
+    owner.lookup->index.reset();
+    owner.lookup->tested_before = false;
 }
 
 void hit_index::child_added(node& parent, node& child) {
-    if (!parent.child_index) return;
-    auto index = std::move(parent.child_index);
+    if (!parent.lookup || !parent.lookup->index) return;
+    auto index = std::move(parent.lookup->index);
     index->append(child);
-    parent.child_index = std::move(index);
+    parent.lookup->index = std::move(index);
 }
 
 void hit_index::child_removed(node& parent) noexcept {
@@ -115,12 +117,13 @@ void hit_index::child_removed(node& parent) noexcept {
 }
 
 void hit_index::child_changed(node& parent, node& child) {
-    if (!parent.child_index) return;
-    if (++parent.child_index->changes > parent.child_index->spans.size() / 4) return drop(parent);
+    if (!parent.lookup || !parent.lookup->index) return;
+    auto& kept = parent.lookup->index;
+    if (++kept->changes > kept->spans.size() / 4) return drop(parent);
     // Out of its place meanwhile: an insertion that fails leaves the node without an index.
-    auto index = std::move(parent.child_index);
+    auto index = std::move(kept);
     index->follow(child.number_in_parent, index->span_of(child));
-    parent.child_index = std::move(index);
+    kept = std::move(index);
 }
 
 void hit_index::follow(std::uint32_t number, const span& now) {

@@ -70,7 +70,8 @@ protected:
             ASSERT_EQ(text_of(expected_below), text_of(hit_path::below(inside(parent->real), p)))
                 << "below, at " << fakes::call_text(p);
             hits += !expected_below.empty();
-            indexed += static_cast<bool>(inside(parent->real).child_index);
+            const auto& lookup = inside(parent->real).lookup;
+            indexed += lookup && lookup->index;
         }
     }
     pair& any_child() { return *pairs[2 + below(static_cast<unsigned>(pairs.size() - 2))]; }
@@ -194,7 +195,7 @@ TEST_F(hit_index_test, child_whose_adding_throws_is_found) {
         add(*parent, child);
     }
     for (int i = 0; i < 2; ++i) EXPECT_EQ(3u, hit_path::from_root(inside(root), {5, 5}).size());
-    ASSERT_TRUE(inside(parent->real).child_index);
+    ASSERT_TRUE(inside(parent->real).lookup->index);
     const auto token = parent->real->add_bounds_handler({});
     pair& late = make_pair();
     record_shapes(late, D2D_RECT_F{0, 0, 8, 8}, std::nullopt);
@@ -251,7 +252,7 @@ TEST_F(hit_index_test, mouse_that_moves_within_one_of_many_children_allocates_no
     };
     move(505, 505);
     move(505, 505);
-    ASSERT_TRUE(inside(parent->real).child_index);
+    ASSERT_TRUE(inside(parent->real).lookup->index);
     heard = 0;
     const std::size_t before = fakes::allocation_count();
     moves_within();

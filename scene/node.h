@@ -5,11 +5,11 @@
 #include "d2d/factory.h"
 #include "d2d/scene/INode.h"
 #include "scene/bounds_handler_list.h"
+#include "scene/child_lookup.h"
 #include "scene/command.h"
 #include "scene/extent.h"
 #include "scene/handler_list.h"
 #include "scene/handler_slot.h"
-#include "scene/hit_index.h"
 
 #include <cstdint>
 #include <memory>
@@ -35,9 +35,9 @@ namespace d2d::scene {
 /// Each node caches, in its own space, what it covers: its recording (`content_bounds`), its whole subtree
 /// (`subtree_bounds`), and the same pair for hit tests. A change climbs to the root at once. On the way each
 /// ancestor takes in the change of one part of its union, and asks its other children only where that part
-/// held an edge and drew back from it; so a change costs what changed. `recompute` tells the next climb to
-/// ask all children: it is set wherever a client's function could see, or leave behind, a climb that is half
-/// done.
+/// held an edge and drew back from it, many of them by way of a tree of unions; so a change costs what
+/// changed. `recompute` tells the next climb to ask all children: it is set wherever a client's function
+/// could see, or leave behind, a climb that is half done.
 ///
 /// The modules of the scene (tree, bounds, recording, painting, hit test, input routing) share the fields
 /// below; each field is changed in one of them alone.
@@ -131,6 +131,11 @@ public:
         return transform_animation || animated_nodes > 0;
     }
 
+    /// Makes `lookup` when there is none.
+    [[nodiscard]] child_lookup& child_lookup_of_many() {
+        if (!lookup) lookup = std::make_unique<child_lookup>();
+        return *lookup;
+    }
     /// `other` is this node or below it.
     [[nodiscard]] bool is_above(const node& other) const noexcept;
 
@@ -168,11 +173,11 @@ public:
     std::vector<com::ptr<node>> children;  // in drawing order
     bounds_handler_list bounds_handlers;
     com::ptr<IValueAnimation<D2D_MATRIX_3X2_F>> transform_animation;
-    int animated_nodes = 0;                  // chains of descendants with a transform animation
-    unsigned animated_children = 0;          // children with one of `animated_bits`
-    std::unique_ptr<hit_index> child_index;  // made and dropped by itself
-    std::uint32_t number_in_parent = 0;      // while the parent has an index
-    bool tested_before = false;              // a hit test has missed an index
+    int animated_nodes = 0;                // chains of descendants with a transform animation
+    unsigned animated_children = 0;        // children with one of `animated_bits`
+    std::unique_ptr<child_lookup> lookup;  // from the first time that there are many children
+    std::uint32_t number_in_parent = 0;    // while the parent has an index
+    std::uint32_t slot_in_parent = 0;      // while the parent has a tree of unions
     D2D_RECT_F clip_rect{};
     handler_list handlers;
     handler_slot<key_function> key_handler;

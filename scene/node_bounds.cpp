@@ -19,7 +19,14 @@ void count_animated(node& parent, node& child) noexcept {
     animated ? ++parent.animated_children : --parent.animated_children;
 }
 
-extent united_bounds(const node& at, extent own) {
+extent united(const extent& own, const extent& others) noexcept {
+    extent total = own;
+    if (others.valid) total.add(others.rect);
+    return total;
+}
+
+extent united_bounds(node& at, extent own) {
+    if (union_tree* const tree = union_tree::of(at)) return united(own, tree->bounds());
     for (const auto& child : at.children) {
         if (const extent part = child->subtree_extent(); part.valid)
             own.add(map_rect(part.rect, child->transform));
@@ -27,8 +34,9 @@ extent united_bounds(const node& at, extent own) {
     return own;
 }
 
-extent united_hits(const node& at) {
+extent united_hits(node& at) {
     extent total = at.hit_extent();
+    if (union_tree* const tree = union_tree::of(at)) return united(total, tree->hits());
     for (const auto& child : at.children) {
         if (const extent part = child->subtree_hit_extent(); part.valid) {
             total.add(map_rect(part.rect, child->transform));
@@ -46,14 +54,14 @@ bool unmoved_by(const node& at, const node_change& change) noexcept {
 }
 
 /// The subtree rectangle behind the change of one part of it.
-extent next_bounds(const node& at, const part_change& change) {
+extent next_bounds(node& at, const part_change& change) {
     extent total = at.subtree_extent();
     const extent own = at.content_extent();
     return !at.recompute && replace_part(total, change, own) ? total : united_bounds(at, own);
 }
 
 /// The subtree hit rectangle behind the change of one part of it.
-extent next_hits(const node& at, const part_change& change, bool ask_all) {
+extent next_hits(node& at, const part_change& change, bool ask_all) {
     if (at.hit_mode == node::hit_transparent) return {};
     if (at.hit_mode == node::hit_solid) return {true, maximal_rect};
     extent total = at.subtree_hit_extent();
@@ -63,11 +71,13 @@ extent next_hits(const node& at, const part_change& change, bool ask_all) {
 void store_bounds(node& at, const extent& total) noexcept {
     set_flag(at, node::has_subtree_bounds, total.valid);
     at.subtree_bounds = total.rect;
+    union_tree::child_changed(at);
 }
 
 void store_hits(node& at, const extent& total) noexcept {
     set_flag(at, node::has_subtree_hit_bounds, total.valid);
     at.subtree_hit_bounds = total.rect;
+    union_tree::child_changed(at);
 }
 
 /// Tells the bounds handlers of a node. They may change the tree, or throw: what lies on the way up asks all
@@ -162,6 +172,7 @@ node_change change_between(const contribution& before, const contribution& after
 void propagate_child_added(node& at, node& child) {
     count_animated(at, child);
     hit_index::child_added(at, child);
+    union_tree::child_added(at, child);
     climb(at, change_between({}, contribution_of(child)));
 }
 
@@ -171,6 +182,7 @@ void propagate_child_removed(node& at, node& child) {
         --at.animated_children;
     }
     hit_index::child_removed(at);
+    union_tree::child_removed(at, child);
     climb(at, change_between(contribution_of(child), {}));
 }
 
@@ -236,7 +248,7 @@ void propagate_transform_change(node& child, const contribution& before) {
     }
 }
 
-extent subtree_extent_with(const node& at, const extent& content) {
+extent subtree_extent_with(node& at, const extent& content) {
     extent total = at.subtree_extent();
     const part_change own{at.content_extent(), content};
     return !at.recompute && replace_part(total, own) ? total : united_bounds(at, content);

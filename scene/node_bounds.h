@@ -54,7 +54,7 @@ void propagate_own_hit_change(node& at, const extent& before);
 void propagate_transform_change(node& child, const contribution& before);
 
 /// The subtree rectangle of `at` once its own content becomes `content`.
-[[nodiscard]] extent subtree_extent_with(const node& at, const extent& content);
+[[nodiscard]] extent subtree_extent_with(node& at, const extent& content);
 
 /// What `at` itself is hit on with this mode, clip geometry and recording. Throws `com::error`, ahead of any
 /// change.

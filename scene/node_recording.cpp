@@ -115,6 +115,7 @@ void node::store_recorded_area(const extent& content, const extent& own_hit, boo
         kept | (content.valid ? has_content : 0) | (subtree.valid ? has_subtree_bounds : 0) |
         (animated ? content_animated : 0) | (animated_children > 0 ? children_animated : 0));
     subtree_bounds = subtree.rect;
+    union_tree::child_changed(*this);
     store_own_hit_bounds(*this, own_hit);
     update_subtree_hit_bounds(*this, hit_before);
 }

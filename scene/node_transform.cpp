@@ -66,6 +66,7 @@ bool node::set_transform(const D2D_MATRIX_3X2_F& new_transform) {
                                                                       : clip_flags | has_transform);
     transform = new_transform;
     inverse = new_inverse;
+    union_tree::child_changed(*this);
     propagate_transform_change(*this, before);
     if (shown && in_view_with_target()) view->invalidate(*this, true);
     return true;

@@ -93,6 +93,7 @@ void node::clear() {
 }
 
 void node::reset() noexcept {
+    union_tree::child_changed(*this);
     user_value = 0;
     user_object.reset();
     handlers.clear();
@@ -118,7 +119,7 @@ void node::reset() noexcept {
         child->animated_in_parent = false;
     }
     children.clear();
-    child_index.reset();
+    lookup.reset();
 }
 
 void node::set_transform_animation(IValueAnimation<D2D_MATRIX_3X2_F>* animation) {

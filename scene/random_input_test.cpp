@@ -231,7 +231,7 @@ TEST_F(random_input, events_reach_whom_the_model_says) {
         }
         longest = std::max(longest, expected.lines.size());
         said += expected.lines.size();
-        indexed += static_cast<bool>(inside(root).child_index);
+        indexed += inside(root).lookup && inside(root).lookup->index;
         expected.lines.clear();
         site.calls.clear();
     }

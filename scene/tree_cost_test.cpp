@@ -114,6 +114,26 @@ TEST_F(tree_cost, children_that_are_appended_at_the_edge_ask_no_sibling) {
     }
 }
 
+TEST_F(tree_cost, children_that_draw_back_from_an_edge_ask_few_once_all_were_asked) {
+    std::vector<com::ptr<INode>> children;
+    for (std::size_t i = 0; i < many; ++i) children.push_back(filled({0, 0, 10, 10}, root));
+    const auto draw_back = [&](std::size_t child, float before) {
+        record(children[child], {0, 0, before, 10});
+        record(children[child], {0, 0, 10, 10});
+    };
+    draw_back(0, 50);
+    EXPECT_TRUE(unpoisoned(root, {0, 0, 10, 10}));
+    for (std::size_t i = 17; i < many; ++i) poison(children[i]);
+    draw_back(0, 60);
+    EXPECT_TRUE(unpoisoned(root, {0, 0, 10, 10}));
+    EXPECT_TRUE(root->remove_child(children[0]));
+    const auto another = filled({0, 0, 70, 10}, root);
+    record(another, {0, 0, 10, 10});
+    EXPECT_TRUE(unpoisoned(root, {0, 0, 10, 10}));
+    draw_back(16, 50);
+    EXPECT_FALSE(unpoisoned(root, {0, 0, 10, 10})) << "neighbours are asked";
+}
+
 TEST_F(tree_cost, change_that_does_not_reach_a_node_asks_nothing_above_it) {
     record(root, {0, 0, 100, 100});
     const auto middle = filled({0, 0, 50, 50}, root);
