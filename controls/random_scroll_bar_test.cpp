@@ -2,6 +2,7 @@
 
 #include "controls/testing/scroll_bar_fixture.h"
 #include "controls/testing/scroll_bar_model.h"
+#include "support/debug_heap.h"
 
 #include <cmath>
 #include <limits>
@@ -193,8 +194,9 @@ TEST_F(random_scroll_bar_test, agrees_with_the_model_after_each_operation) {
     const unsigned seed = std::random_device{}();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     random.seed(seed);
-    for (int i = 0; i < 400 && !HasFatalFailure(); ++i) run(25);
-    EXPECT_GT(presses, 2000) << "too few presses came to pass";
+    const int runs = test_support::debug_heap::steps(400);
+    for (int i = 0; i < runs && !HasFatalFailure(); ++i) run(25);
+    EXPECT_GT(presses, runs * 5) << "too few presses came to pass";
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "controls/settings_lookup.h"
 
 #include "controls/testing/settings_lookup_model.h"
+#include "support/debug_heap.h"
 
 #include <gtest/gtest.h>
 
@@ -209,7 +210,8 @@ TEST(random_settings, are_found_as_the_rule_says) {
     int found = 0;
     int ordinary = 0;
     int beyond_tails = 0;
-    for (int round = 0; round < 100'000 && !testing::Test::HasFailure(); ++round) {
+    const int rounds = test_support::debug_heap::steps(100'000);
+    for (int round = 0; round < rounds && !testing::Test::HasFailure(); ++round) {
         const keys unsorted = random.table();
         const settings_lookup_model model(unsorted);
         const auto table = sorted_table(unsorted);
@@ -227,10 +229,10 @@ TEST(random_settings, are_found_as_the_rule_says) {
         }
     }
     // The draw is worth its while: both sides of each question come up.
-    EXPECT_LT(100'000, found);
-    EXPECT_LT(100'000, 400'000 - found);
-    EXPECT_LT(200'000, ordinary);
-    EXPECT_LT(1'000, beyond_tails);
+    EXPECT_LT(rounds, found);
+    EXPECT_LT(rounds, 4 * rounds - found);
+    EXPECT_LT(2 * rounds, ordinary);
+    EXPECT_LT(rounds / 100, beyond_tails);
 }
 
 }  // namespace

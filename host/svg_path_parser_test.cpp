@@ -4,6 +4,7 @@
 #include "host/testing/svg_path_recorder.h"
 #include "host/testing/svg_path_texts.h"
 #include "scene/testing/allocation_count.h"
+#include "support/debug_heap.h"
 
 #include <array>
 #include <cmath>
@@ -324,7 +325,7 @@ protected:
 TEST_F(svg_path_at_random, means_what_a_plain_reading_says) {
     SCOPED_TRACE(trace());
     std::printf("%s\n", trace().c_str());
-    constexpr int count = 200'000;
+    const int count = test_support::debug_heap::steps(200'000);
     std::array<int, 3> outcomes{};
     for (int i = 0; i < count; ++i) {
         const std::string text = texts.next();
@@ -339,7 +340,7 @@ TEST_F(svg_path_at_random, means_what_a_plain_reading_says) {
 TEST_F(svg_path_at_random, is_drawn_when_it_is_well_formed) {
     SCOPED_TRACE(trace());
     std::printf("%s\n", trace().c_str());
-    for (int i = 0; i < 20'000; ++i) {
+    for (int i = 0; i < test_support::debug_heap::steps(20'000); ++i) {
         const std::string text = texts.valid();
         ASSERT_EQ(svg_path_model::outcome::drawn, svg_path_model(text, {}).result) << text;
         ASSERT_EQ("", compare_with_model(text, {}));

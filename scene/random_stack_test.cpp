@@ -5,6 +5,7 @@
 #include "scene/testing/fake_element.h"
 #include "scene/testing/metrics_text.h"
 #include "scene/testing/stack_model.h"
+#include "support/debug_heap.h"
 #include "support/leak_checked_test.h"
 
 #include <cstdio>
@@ -21,6 +22,7 @@ using d2d::scene::same_edges;
 using d2d::scene::fakes::fake_element;
 using d2d::scene::fakes::stack_model;
 using d2d::scene::fakes::text_of;
+using test_support::debug_heap;
 
 /// Item sets at random, in quarters of a pixel, whose sums a float holds exactly.
 class random_item_sets {
@@ -108,7 +110,7 @@ TEST_F(random_stack, does_what_a_plain_model_does) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::printf("seed %lu\n", static_cast<unsigned long>(seed));
     random_item_sets random(seed);
-    for (int round = 0; round < 100'000 && !HasFailure(); ++round) {
+    for (int round = 0; round < debug_heap::steps(100'000) && !HasFailure(); ++round) {
         std::vector<com::ptr<fake_element>> elements;
         stack_model model{random.below(2) == 1, {}};
         const auto made = create_stack(model.across);
@@ -229,7 +231,7 @@ TEST_F(random_stack, announced_changes_give_what_a_pass_over_all_gives) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::printf("seed %lu\n", static_cast<unsigned long>(seed));
     random_item_sets random(seed);
-    for (int round = 0; round < 500 && !HasFailure(); ++round) {
+    for (int round = 0; round < debug_heap::steps(500) && !HasFailure(); ++round) {
         changing_stack changing(random, round % 4 == 0);
         for (int step = 0; step < 60 && !HasFailure(); ++step) {
             for (unsigned changes = random.below(4); changes > 0; --changes) {

@@ -3,6 +3,7 @@
 #include "scene/testing/tree_model.h"
 #include "scene/testing/tree_test.h"
 #include "scene/view.h"
+#include "support/debug_heap.h"
 
 #include <cmath>
 #include <cstring>
@@ -19,6 +20,7 @@ namespace {
 
 using fakes::call_text;
 using fakes::tree_model;
+using test_support::debug_heap;
 using area = tree_model::area;
 
 class random_tree : public fakes::tree_test {
@@ -387,7 +389,7 @@ TEST_F(random_tree, caches_damage_and_calls_of_handlers_are_those_of_the_model) 
     expected.clear();
     int longest = 0;
     int most_shown = 0;
-    for (int step = 0; step < 60000; ++step) {
+    for (int step = 0; step < debug_heap::steps(60'000); ++step) {
         SCOPED_TRACE(testing::Message() << "step " << step);
         const bool clock_before = has_target && needs_clock();
         change_anything();
@@ -430,7 +432,8 @@ TEST_F(random_tree, handlers_that_move_other_nodes_leave_the_caches_right) {
         other.real->set_transform(matrix);
         other.model.inverse = real.inverse;
     };
-    for (int step = 0; step < 30000; ++step) {
+    const int steps = debug_heap::steps(30'000);
+    for (int step = 0; step < steps; ++step) {
         SCOPED_TRACE(testing::Message() << "step " << step);
         budget = 4;
         change_anything();
@@ -439,7 +442,7 @@ TEST_F(random_tree, handlers_that_move_other_nodes_leave_the_caches_right) {
         compare_all();
         if (HasFailure()) return;
     }
-    EXPECT_GT(moved, 1000);
+    EXPECT_GT(moved, steps / 30);
 }
 
 TEST_F(random_tree, tree_heals_with_the_next_changes_after_handlers_have_thrown) {
@@ -453,7 +456,8 @@ TEST_F(random_tree, tree_heals_with_the_next_changes_after_handlers_have_thrown)
         ++thrown;
         throw std::bad_function_call();
     };
-    for (int round = 0; round < 3000; ++round) {
+    const int rounds = debug_heap::steps(3'000);
+    for (int round = 0; round < rounds; ++round) {
         SCOPED_TRACE(testing::Message() << "round " << round);
         throws = true;
         for (unsigned changes = 1 + below(3); changes > 0; --changes) {
@@ -491,7 +495,7 @@ TEST_F(random_tree, tree_heals_with_the_next_changes_after_handlers_have_thrown)
         compare_all();
         if (HasFailure()) return;
     }
-    EXPECT_GT(thrown, 500);
+    EXPECT_GT(thrown, rounds / 10);
 }
 
 }  // namespace

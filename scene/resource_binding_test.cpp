@@ -204,7 +204,7 @@ TEST_F(resource_binding_test, a_binding_without_an_animation_needs_no_clock) {
     shown_view view(&first_target);
     view->set_root(node_filled_with(create_solid_color_brush(red).get()));
     EXPECT_EQ(lines{}, clock_calls(view.site.take_calls()));
-    const auto brush = create_solid_color_brush(blue);
+    const auto brush = create_solid_color_brush(blue);  // a binding does not keep it
     const auto binding = view->get_binding(brush.get());
     EXPECT_FALSE(binding.try_as<basic_resource_binding>()->is_animated());
 }

@@ -5,8 +5,6 @@
 namespace d2d::scene {
 namespace {
 
-#if defined(NDEBUG)
-
 struct free_block {
     free_block* next;
 };
@@ -48,21 +46,27 @@ constexpr std::size_t class_of(std::size_t bytes) noexcept {
 
 constinit std::array<block_shelf, class_of(small_blocks::greatest) + 1> shelves{};
 
+#if defined(NDEBUG)
+constinit bool keeps_blocks = true;
+#else
+constinit bool keeps_blocks = false;
 #endif
 
 }  // namespace
 
+void small_blocks::use_heap() noexcept {
+    keeps_blocks = false;
+}
+
 void* small_blocks::allocate(std::size_t bytes) {
-#if defined(NDEBUG)
-    if (bytes <= greatest) return shelves[class_of(bytes)].take((class_of(bytes) + 1) * alignment);
-#endif
+    if (keeps_blocks && bytes <= greatest) {
+        return shelves[class_of(bytes)].take((class_of(bytes) + 1) * alignment);
+    }
     return ::operator new (bytes, std::align_val_t{alignment});
 }
 
-void small_blocks::free(void* block, [[maybe_unused]] std::size_t bytes) noexcept {
-#if defined(NDEBUG)
-    if (bytes <= greatest) return shelves[class_of(bytes)].give_back(block);
-#endif
+void small_blocks::free(void* block, std::size_t bytes) noexcept {
+    if (keeps_blocks && bytes <= greatest) return shelves[class_of(bytes)].give_back(block);
     ::operator delete (block, std::align_val_t{alignment});
 }
 

@@ -15,6 +15,9 @@ public:
     static constexpr std::size_t alignment = 64;
     static constexpr std::size_t greatest = 1024;
 
+    /// From here on each block comes from the heap and goes back there, as in a build with assertions. Ahead
+    /// of the first block.
+    static void use_heap() noexcept;
     [[nodiscard]] static void* allocate(std::size_t bytes);
     static void free(void* block, std::size_t bytes) noexcept;
 };
