@@ -172,6 +172,14 @@ TEST_P(button_state, goes_where_it_is_arranged_with_its_label) {
     EXPECT_TRUE(same(translation_matrix(content.left, content.top), label->node->get_transform()));
 }
 
+TEST_P(button_state, takes_its_label_to_the_mirrored_place) {
+    const D2D_RECT_F was = content_of(rect, GetParam().margin);
+    const float left = -was.left - GetParam().margin.left;
+    const float top = -was.top - GetParam().margin.top;
+    button->arrange({left, top, left + 60, top + 20});  // the inverse of where it is
+    EXPECT_TRUE(same(translation_matrix(-was.left, -was.top), label->node->get_transform()));
+}
+
 TEST_P(button_state, is_drawn_anew_where_it_is_arranged_again) {
     button->arrange(rect);
     EXPECT_EQ("enabled", drawn());

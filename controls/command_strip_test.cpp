@@ -2,7 +2,6 @@
 
 #include "controls/testing/command_strip_test.h"
 
-#include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -83,14 +82,10 @@ TEST_F(command_strip_test, puts_the_outline_in_front_of_the_cells_and_their_labe
     in_default_style = true;
     show_strip(false, {30, 20}, 2);
     fill(labels[0]->node, {0, 0, 1, 1});
-    lines drawing;
-    for (const auto& line : painted()) {
-        if (line.starts_with("Fill") || line.starts_with("Draw")) drawing.push_back(line);
-    }
     EXPECT_EQ((lines{"FillGeometry geometry brush(1 1 1 1)", "FillGeometry rectangle(0 0 1 1) brush(1 0 0 1)",
                      "FillGeometry geometry brush(1 1 1 1)",
                      "DrawGeometry rounded_rectangle(0.5 0.5 59.5 19.5 5 5) brush(0.5 0.5 0.5 1) 1 null"}),
-              drawing);
+              drawing());
 }
 
 TEST_F(command_strip_test, has_no_place_in_a_layout) {
@@ -116,96 +111,6 @@ TEST_F(command_strip_test, without_cells_is_an_outline_that_does_no_harm) {
         show_strip(vertical, {30, 20}, 0);
         static_cast<void>(painted());
         in_default_style = false;
-    }
-}
-
-// The shapes of the cells
-
-/// A rounded rectangle with radii of 5.
-bool in_outline(const D2D_RECT_F& strip, float x, float y) {
-    const D2D_RECT_F core{strip.left + 5.5f, strip.top + 5.5f, strip.right - 5.5f, strip.bottom - 5.5f};
-    const float dx = std::max({core.left - x, 0.0f, x - core.right});
-    const float dy = std::max({core.top - y, 0.0f, y - core.bottom});
-    return std::hypot(dx, dy) <= 5;
-}
-
-struct strip_form {
-    bool vertical;
-    std::size_t count;
-};
-
-class command_strip_shape : public fakes::command_strip_test, public testing::WithParamInterface<strip_form> {
-protected:
-    static constexpr D2D_SIZE_F cell{24, 18};
-
-    void SetUp() override {
-        command_strip_test::SetUp();
-        make_strip(GetParam().vertical, cell, GetParam().count);
-    }
-    [[nodiscard]] D2D_RECT_F cell_rect(std::size_t i) const {
-        const auto index = static_cast<float>(i);
-        const float x = GetParam().vertical ? 0 : index * cell.width;
-        const float y = GetParam().vertical ? index * cell.height : 0;
-        return {x, y, x + cell.width, y + cell.height};
-    }
-};
-INSTANTIATE_TEST_SUITE_P(of, command_strip_shape,
-                         testing::Values(strip_form{false, 1}, strip_form{false, 2}, strip_form{false, 4},
-                                         strip_form{true, 1}, strip_form{true, 2}, strip_form{true, 4}),
-                         [](const auto& tested) {
-                             return std::string(tested.param.vertical ? "column_of_" : "row_of_") +
-                                    std::to_string(tested.param.count);
-                         });
-
-TEST_P(command_strip_shape, of_the_outline_is_the_rounded_strip) {
-    const com::ptr<ID2D1RoundedRectangleGeometry> outline(style->outline);
-    D2D1_ROUNDED_RECT rounded{};
-    outline->GetRoundedRect(&rounded);
-    const D2D_RECT_F rect = strip->get_rect();
-    EXPECT_TRUE(same(D2D_RECT_F{0.5f, 0.5f, rect.right - 0.5f, rect.bottom - 0.5f}, rounded.rect));
-    EXPECT_EQ(5, rounded.radiusX);
-    EXPECT_EQ(5, rounded.radiusY);
-}
-
-TEST_P(command_strip_shape, of_each_cell_is_its_part_of_the_outline) {
-    const D2D_RECT_F strip_rect = strip->get_rect();
-    ASSERT_EQ(GetParam().count, style->cells.size());
-    for (std::size_t i = 0; i < GetParam().count; ++i) {
-        const D2D_RECT_F own = cell_rect(i);
-        const auto expected = [&](float x, float y) {
-            // Between cells the border is the edge; outside it is the outline alone that cuts.
-            return own.left < x && x < own.right && own.top < y && y < own.bottom &&
-                   in_outline(strip_rect, x, y);
-        };
-        int wrong = 0;
-        for (float y = own.top - 12.125f; y < own.bottom + 12; y += 0.5f) {
-            for (float x = own.left - 12.125f; x < own.right + 12; x += 0.5f) {
-                const bool wanted = expected(x, y);
-                // Near its edge a flattened curve may differ by the tolerance.
-                constexpr float off = 0.3f;
-                if (expected(x - off, y - off) != wanted || expected(x + off, y - off) != wanted ||
-                    expected(x - off, y + off) != wanted || expected(x + off, y + off) != wanted)
-                    continue;
-                BOOL contains = FALSE;
-                ASSERT_EQ(S_OK, style->cells[i]->FillContainsPoint({x, y}, nullptr, 0.01f, &contains));
-                if ((contains != FALSE) != wanted && wrong++ < 5)
-                    ADD_FAILURE() << "cell " << i << (wanted ? " lacks " : " has ") << x << ", " << y;
-            }
-        }
-        EXPECT_EQ(0, wrong) << "cell " << i;
-    }
-}
-
-TEST_P(command_strip_shape, of_each_cell_reaches_from_border_to_border) {
-    const D2D_RECT_F strip_rect = strip->get_rect();
-    for (std::size_t i = 0; i < GetParam().count; ++i) {
-        const D2D_RECT_F own = cell_rect(i);
-        D2D_RECT_F bounds{};
-        ASSERT_EQ(S_OK, style->cells[i]->GetBounds(nullptr, &bounds));
-        EXPECT_NEAR(std::max(own.left, 0.5f), bounds.left, 0.01f);
-        EXPECT_NEAR(std::max(own.top, 0.5f), bounds.top, 0.01f);
-        EXPECT_NEAR(std::min(own.right, strip_rect.right - 0.5f), bounds.right, 0.01f);
-        EXPECT_NEAR(std::min(own.bottom, strip_rect.bottom - 0.5f), bounds.bottom, 0.01f);
     }
 }
 
@@ -367,13 +272,6 @@ TEST_F(command_strip_test, look_of_each_state_is_that_of_the_default_style) {
                      std::string("DrawGeometry rounded_rectangle(0.5 0.5 29.5 19.5 5 5) brush(") + outline +
                          ") 1 null"};
     };
-    const auto drawing = [this] {
-        lines kept;
-        for (auto& line : painted()) {
-            if (line.starts_with("Fill") || line.starts_with("Draw")) kept.push_back(std::move(line));
-        }
-        return kept;
-    };
     EXPECT_EQ(look("1 1 1 1", "0.5 0.5 0.5 1"), drawing());
     while_pressed([&](const auto& moved) {
         EXPECT_EQ(look("0.3 0.3 0.7 1", "0.5 0.5 0.5 1"), drawing());
@@ -384,125 +282,6 @@ TEST_F(command_strip_test, look_of_each_state_is_that_of_the_default_style) {
     EXPECT_EQ(look("1 1 1 1", "0.5 0.5 0.5 1"), drawing());
     move(10, 10);
     EXPECT_EQ(look("0.9 0.9 1 1", "0.3 0.3 0.7 1"), drawing());
-}
-
-// Lifetime
-
-TEST_F(command_strip_test, holds_the_nodes_of_its_labels_and_not_the_labels) {
-    make_strip(false, {30, 20}, 2);
-    const auto node = labels[0]->node;
-    EXPECT_EQ(1u, holders(labels[0]));
-    labels.clear();
-    EXPECT_TRUE(node->get_parent());
-    strip.reset();
-    EXPECT_EQ(nullptr, node->get_parent());
-    EXPECT_EQ(1u, holders(style));
-}
-
-TEST_F(command_strip_test, label_serves_on_behind_its_strip) {
-    make_strip(false, {30, 20}, 1);
-    strip.reset();
-    strip = ui::create_command_strip(true, {40, 50}, {{nullptr, labels[0].get()}}, style.get());
-    EXPECT_TRUE(same(translation_matrix(20, 25), labels[0]->node->get_transform()));
-}
-
-TEST_F(command_strip_test, nodes_that_are_kept_show_the_picture_and_do_nothing) {
-    show_strip(false, {30, 20}, 2);
-    move(10, 10);
-    const auto before = painted();
-    strip.reset();
-    EXPECT_EQ(1u, holders(style));
-    EXPECT_EQ(before, painted());
-    forget();
-    move(40, 10);
-    press_at({40, 10});
-    move(90, 90);
-    EXPECT_EQ((lines{}), calls());
-    root->clear();
-}
-
-TEST_F(command_strip_test, last_reference_may_go_while_a_cell_is_pressed) {
-    show_strip(false, {30, 20}, 2);
-    while_pressed([&](const auto& moved) {
-        strip.reset();
-        labels.clear();
-        EXPECT_LT(1u, holders(style));
-        forget();
-        moved({90, 90});
-        EXPECT_EQ("cell 1: enabled hot", drawn());
-    });
-    press_at({40, 10});
-    EXPECT_EQ("cell 1: enabled", drawn());
-    EXPECT_EQ(1u, holders(style));
-    root->clear();
-}
-
-TEST_F(command_strip_test, strip_and_nodes_may_go_while_a_cell_is_pressed) {
-    show_strip(false, {30, 20}, 2);
-    move(40, 10);
-    while_pressed([&](const auto& moved) {
-        root->remove_child(strip->get_node());
-        strip.reset();
-        labels.clear();
-        moved({90, 90});
-        moved({40, 10});
-    });
-    press_at({40, 10});
-    EXPECT_EQ(1u, holders(style));
-}
-
-TEST_F(command_strip_test, holds_no_reference_on_itself) {
-    show_strip(false, {30, 20}, 2);
-    move(10, 10);
-    press_at({10, 10});
-    EXPECT_EQ(1u, holders(strip));
-}
-
-TEST_F(command_strip_test, exception_out_of_the_loop_passes_and_leaves_a_whole_cell) {
-    show_strip(false, {30, 20}, 2);
-    move(10, 10);
-    site.drag = [](const auto& moved) -> bool {
-        moved({90, 90});
-        moved({10, 10});
-        throw std::runtime_error("the loop ended");
-    };
-    forget();
-    EXPECT_EQ("the loop ended", thrown_by<std::runtime_error>([&] { press_at({10, 10}); }));
-    EXPECT_EQ("cell 0: enabled hot down, cell 0: enabled hot, cell 0: enabled hot down, cell 0: enabled hot",
-              drawn());
-    move(90, 90);
-    EXPECT_EQ("cell 0: enabled, outline: enabled", drawn());
-    while_pressed([](const auto&) {});
-    press_at({10, 10});
-    EXPECT_EQ("cell 0: enabled hot down, cell 0: enabled", drawn());
-}
-
-// Failures
-
-TEST_F(command_strip_test, style_of_another_kind_is_refused) {
-    const auto other = com::create_object<fakes::recording_label_style>(nullptr);
-    const auto label = com::create_object<fake_label>();
-    const long before = com::live_object_count();
-    EXPECT_EQ(E_NOINTERFACE, fakes::failure_of([&] {
-                  static_cast<void>(
-                      ui::create_command_strip(false, {30, 20}, {{nullptr, label.get()}}, other.get()));
-              }));
-    EXPECT_EQ(before, com::live_object_count());
-    EXPECT_EQ(nullptr, label->node->get_parent());
-}
-
-TEST_F(command_strip_test, label_that_stands_elsewhere_is_refused_and_the_others_are_free_again) {
-    show_strip(false, {30, 20}, 1);
-    const auto parent = labels[0]->node->get_parent();
-    const auto first = com::create_object<fake_label>();
-    const long before = com::live_object_count();
-    EXPECT_NE("nothing", thrown_by([&] {
-                  static_cast<void>(ui::create_command_strip(
-                      false, {30, 20}, {{nullptr, first.get()}, {nullptr, labels[0].get()}}, style.get()));
-              }));
-    EXPECT_EQ(before, com::live_object_count());
-    EXPECT_EQ(nullptr, first->node->get_parent());
-    EXPECT_EQ(parent, labels[0]->node->get_parent());
 }
 
 }  // namespace

@@ -189,6 +189,8 @@ TEST_F(group_box_test, content_moves_to_the_corner_at_the_next_other_arrangement
         (lines{"invalidate_rect 3 4 8 9", "invalidate_rect 30 40 35 45", "draw 30 40 50 60 label 0 0 0 0",
                "invalidate_rect 10 20 70 60", "invalidate_rect 30 40 50 60"}),
         calls());
+    box->arrange({-30, -40, 0, 0});  // the inverse of where it is
+    EXPECT_TRUE(same(translation_matrix(-30, -40), content->get_transform()));
     box->arrange({0, 0, 50, 60});
     EXPECT_TRUE(same(identity_matrix, content->get_transform()));
 }
@@ -211,13 +213,9 @@ TEST_F(group_box_test, frame_lies_behind_the_content_and_takes_clicks_beside_it)
     box->set_content(content);
     root->add_child(box->get_node());
     show();
-    lines drawing;
-    for (const auto& line : painted()) {
-        if (line.starts_with("Fill") || line.starts_with("Draw")) drawing.push_back(line);
-    }
     EXPECT_EQ((lines{"DrawGeometry rounded_rectangle(10.5 20.5 69.5 59.5 5 5) brush(0.5 0.5 0.5 1) 1 null",
                      "FillGeometry rectangle(0 0 5 5) brush(1 0 0 1)"}),
-              drawing);
+              fakes::drawing_of(painted()));
     EXPECT_TRUE(box->get_node()->hit_test({40, 20.5f}));
     EXPECT_FALSE(box->get_node()->hit_test({40, 40}));
     EXPECT_FALSE(box->get_node()->hit_test({10.25f, 20.25f}));

@@ -71,14 +71,6 @@ protected:
         press_at(on_it);
     }
 
-    /// What is drawn of the whole tree, without the state that it is drawn in.
-    [[nodiscard]] lines drawing() {
-        lines kept;
-        for (auto& line : painted()) {
-            if (line.starts_with("Fill") || line.starts_with("Draw")) kept.push_back(std::move(line));
-        }
-        return kept;
-    }
     [[nodiscard]] static std::string fill_text(const std::string& shape, const std::string& color) {
         return "FillGeometry " + shape + " brush(" + color + ")";
     }

@@ -2,7 +2,7 @@
 
 #include "controls/testing/button_kind.h"
 #include "controls/testing/fake_label.h"
-#include "scene/testing/input_test.h"
+#include "controls/testing/press_test.h"
 
 #include <string>
 #include <utility>
@@ -11,24 +11,18 @@ namespace d2d::fakes {
 
 /// A fixture: a button of any kind with a label of its own, shown below the root, with styles that write down
 /// how it looks.
-class button_test : public scene::fakes::input_test {
+class button_test : public press_test {
 protected:
-    using mouse_button = input::mouse::button;
-
     static constexpr D2D_RECT_F rect{10, 20, 70, 40};
     static constexpr D2D_POINT_2F inside{40, 34};
     static constexpr D2D_POINT_2F on_label{18, 27};
     static constexpr D2D_POINT_2F outside{90, 80};
 
-    void SetUp() override {
-        input_test::SetUp();
-        show();
-    }
     void TearDown() override {
         button.reset();
         label.reset();
         style.reset();
-        input_test::TearDown();
+        press_test::TearDown();
     }
 
     /// Makes a button with a label that covers a few pixels of its upper left corner, and shows it in the
@@ -76,16 +70,6 @@ protected:
     }
 
     void move_to(D2D_POINT_2F point) { move(point.x, point.y); }
-    void press_at(D2D_POINT_2F point, std::optional<mouse_button> pressed = mouse_button::left) {
-        edge->on_mouse_event({input::mouse::event_type::button_down, pressed, 0, point, 0});
-    }
-    /// What the user does between press and release, in the loop of the next drags.
-    void while_pressed(std::function<void(const std::function<bool(D2D_POINT_2F)>& moved)> actions) {
-        site.drag = [actions = std::move(actions)](const auto& moved) {
-            actions(moved);
-            return true;
-        };
-    }
     /// A whole click with the left button.
     void click_at(D2D_POINT_2F point) {
         while_pressed([](const auto&) {});

@@ -2,9 +2,9 @@
 
 #include "controls/testing/fake_label.h"
 #include "controls/testing/label_test.h"
+#include "controls/testing/press_test.h"
 #include "d2d/ui/IButton.h"
 #include "d2d/ui/ICommandStrip.h"
-#include "scene/testing/input_test.h"
 
 #include <functional>
 #include <initializer_list>
@@ -14,20 +14,17 @@
 namespace d2d::fakes {
 
 /// A fixture: a strip of up to four cells with a style that writes down what it is asked.
-class command_strip_test : public scene::fakes::input_test {
+class command_strip_test : public press_test {
 protected:
-    using mouse_button = input::mouse::button;
-
     void SetUp() override {
-        input_test::SetUp();
+        press_test::SetUp();
         style = com::create_object<recording_strip_style>(host_log());
-        show();
     }
     void TearDown() override {
         strip.reset();
         labels.clear();
         style.reset();
-        input_test::TearDown();
+        press_test::TearDown();
     }
 
     void make_strip(bool vertical, D2D_SIZE_F cell, std::size_t count) {
@@ -75,17 +72,6 @@ protected:
     template <class T>
     [[nodiscard]] static unsigned long holders(const com::ptr<T>& object) {
         return object ? scene::fakes::references(object.get()) : 0;
-    }
-
-    void press_at(D2D_POINT_2F point, std::optional<mouse_button> pressed = mouse_button::left) {
-        edge->on_mouse_event({input::mouse::event_type::button_down, pressed, 0, point, 0});
-    }
-    /// What the user does between press and release, in the loop of the next drags.
-    void while_pressed(std::function<void(const std::function<bool(D2D_POINT_2F)>& moved)> actions) {
-        site.drag = [actions = std::move(actions)](const auto& moved) {
-            actions(moved);
-            return true;
-        };
     }
 
     com::ptr<recording_strip_style> style;

@@ -2,6 +2,7 @@
 
 #include "com/error.h"
 #include "controls/testing/answers.h"
+#include "controls/testing/press_test.h"
 #include "controls/testing/recording_format.h"
 #include "controls/testing/recording_style.h"
 #include "d2d/ui/ILabel.h"
@@ -53,14 +54,7 @@ protected:
         }
         return kept;
     }
-    /// What is drawn of the whole tree, without the state that it is drawn in.
-    [[nodiscard]] lines drawing() {
-        lines kept;
-        for (auto& line : painted()) {
-            if (line.starts_with("Fill") || line.starts_with("Draw")) kept.push_back(std::move(line));
-        }
-        return kept;
-    }
+    [[nodiscard]] lines drawing() { return drawing_of(painted()); }
 
     com::ptr<recording_label_style> style;
 };
