@@ -16,6 +16,8 @@ constexpr double most_cells_of_an_axis = 4096;
 constexpr float greatest_magnification = 16;
 /// Of a sum of this size the rounding, magnified, stays well below a pixel.
 constexpr float greatest_sum = 30'000;
+/// By how much the area of a child far out is larger than a pixel more, for each pixel of its distance.
+constexpr float slack_of_distance = 1e-4f;
 
 /// Where a child can be hit, in its parent's space, or the whole plane.
 struct hit_area {
@@ -44,7 +46,7 @@ hit_area area_of(const node& child, const D2D_RECT_F& reach) noexcept {
     const float size =
         std::max({std::fabs(rect.left), std::fabs(rect.top), std::fabs(rect.right), std::fabs(rect.bottom),
                   std::fabs(child.transform._31), std::fabs(child.transform._32)});
-    const float slack = 1 + size * 1e-4f;
+    const float slack = 1 + size * slack_of_distance;
     return {true, {rect.left - slack, rect.top - slack, rect.right + slack, rect.bottom + slack}};
 }
 
@@ -88,7 +90,10 @@ hit_index* hit_index::for_test(node& owner, D2D_POINT_2F origin, const D2D_MATRI
     const float greatest =
         std::max(x * std::fabs(matrix._11) + y * std::fabs(matrix._21) + std::fabs(matrix._31),
                  x * std::fabs(matrix._12) + y * std::fabs(matrix._22) + std::fabs(matrix._32));
-    if (!(greatest <= greatest_sum)) return nullptr;
+    const D2D_POINT_2F point = map_point(origin, matrix);
+    // What is hit far out has the more slack: rounding that comes of the distance alone may grow with it.
+    const float distance = std::max(std::fabs(point.x), std::fabs(point.y));
+    if (!(greatest <= greatest_sum * (1 + distance * slack_of_distance))) return nullptr;
     child_lookup& lookup = owner.child_lookup_of_many();
     if (!lookup.index) {
         // A tree that changes as a whole between any two tests is better asked than indexed.

@@ -26,8 +26,8 @@ public:
     explicit hit_index(node& owner);
 
     /// The index to use for a hit test of a node's children, or null when each is to be asked: there are few,
-    /// it is the first test since a great change, or the point is so far out that rounding would count.
-    /// `matrix` maps the point `origin` to the node's space.
+    /// it is the first test since a great change, or the point is reached by way of so large numbers that
+    /// rounding would count. `matrix` maps the point `origin` to the node's space.
     [[nodiscard]] static hit_index* for_test(node& owner, D2D_POINT_2F origin,
                                              const D2D_MATRIX_3X2_F& matrix);
 

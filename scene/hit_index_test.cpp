@@ -52,6 +52,14 @@ protected:
                                      std::numeric_limits<float>::max(),
                                      std::numeric_limits<float>::infinity(),
                                      std::numeric_limits<float>::quiet_NaN()};
+        if (points_near_children) {
+            const auto& child = any_child().model;
+            const D2D_RECT_F area = child.bounds().value_or(D2D_RECT_F{});
+            const auto within = [&](float from, float to) { return from + (to - from) * between(-1, 9) / 8; };
+            const D2D_POINT_2F in_child{within(area.left, area.right), within(area.top, area.bottom)};
+            const D2D_POINT_2F in_parent = map_point(in_child, child.transform);
+            return one_in(2) ? in_parent : map_point(in_parent, parent->model.transform);
+        }
         const auto coordinate = [&] {
             if (one_in(60)) return far_out[below(9)];
             const float whole = between(-reach - size, reach + size);
@@ -115,6 +123,7 @@ protected:
         EXPECT_GT(hits, rounds * tests_of_a_round / 20);
     }
 
+    bool points_near_children = false;
     const int size = 24;
     int reach = 200;
     pair* top = nullptr;
@@ -130,6 +139,40 @@ TEST_F(hit_index_test, finds_what_asking_every_child_finds_while_children_change
 TEST_F(hit_index_test, finds_the_same_when_some_children_are_very_far_away) {
     far_away = true;
     compare_while_changing(250, 500, 3);
+}
+
+TEST_F(hit_index_test, finds_the_same_far_down_a_long_list) {
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    grow(250);
+    points_near_children = true;
+    for (int round = 0; round < 500 && !HasFatalFailure(); ++round) {
+        const float distance = between(0, 4'000) * 250;
+        for (int i = 0; i < 3; ++i) {
+            D2D_MATRIX_3X2_F place = any_matrix(reach);
+            place._32 += distance;
+            move_to(any_child(), place);
+        }
+        if (one_in(10)) move_to(*parent, translation_matrix(between(-20, 20), between(-20, 20) - distance));
+        compare(8);
+    }
+    EXPECT_GT(indexed, 2'000);
+    EXPECT_GT(hits, 500);
+}
+
+TEST_F(hit_index_test, few_are_asked_far_down_a_long_list) {
+    const auto list = create_node();
+    for (int i = 0; i < 1000; ++i) {
+        const auto child = filled({0, 0, 200, 14}, list);
+        child->set_transform(translation_matrix(0, static_cast<float>(1000 * i)));
+    }
+    const auto index_for = [&](D2D_POINT_2F point, float scrolled) {
+        return hit_index::for_test(inside(list), point, translation_matrix(0, scrolled));
+    };
+    EXPECT_FALSE(index_for({5, 5}, 0)) << "the first test";
+    EXPECT_TRUE(index_for({5, 5}, 0));
+    EXPECT_TRUE(index_for({5, 5}, 990'000));
+    EXPECT_TRUE(index_for({5, 990'000}, 0));
+    EXPECT_FALSE(index_for({5, 990'000}, -989'000)) << "a point that has come near by way of afar";
 }
 
 TEST_F(hit_index_test, finds_the_same_among_as_many_children_as_just_need_it) {
