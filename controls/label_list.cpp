@@ -70,14 +70,17 @@ com::ptr<scene::IBrush> label_list::brush(std::string_view key) const {
     return style_brush(*style->get_settings(), key);
 }
 
-/// As the labels measure now. They may be a client's, and do what they like.
+/// As the labels measure now. They may be a client's, and do what they like: of layouts within a layout the
+/// innermost counts.
 void label_list::lay_out() {
     const com::ptr<label_list> keep = this;
     const auto laid_out = stack;
+    const unsigned layout = ++layouts;
     const D2D_SIZE_F size = laid_out->measure().preferred_size;
+    if (layout != layouts) return;
     const D2D_RECT_F content{0, 0, size.width, size.height};
     laid_out->arrange(content);
-    scroll_area->set_content_bounds(content);
+    if (layout == layouts) scroll_area->set_content_bounds(content);
 }
 
 void label_list::press(item& row, const input::mouse::event& event) {

@@ -54,6 +54,7 @@ private:
     com::ptr<scene::layout::stack> stack = scene::layout::create_stack(0);
     const com::ptr<IScrollArea> scroll_area;
     com::weak_ptr<item> selected;
+    unsigned layouts = 0;
 };
 
 }  // namespace d2d::ui

@@ -80,10 +80,10 @@ void label_list::item::arrange(D2D_RECT_F new_rect) {
                     rect.bottom - margin.bottom});
 }
 
-void label_list::item::add_to(scene::layout::stack& stack, std::size_t index) {
+void label_list::item::add_to(scene::layout::stack& rows, std::size_t index) {
     using scene::layout::element_changes;
-    place = stack.insert_item(index, this, true, {},
-                              watched ? element_changes::announced : element_changes::unknown);
+    place = rows.insert_item(index, this, true, {},
+                             watched ? element_changes::announced : element_changes::unknown);
 }
 
 void label_list::item::label_changed() {

@@ -20,7 +20,7 @@ public:
 
     void redraw(const label_list& owner);
     /// Adds the row to a stack, which the list keeps, ahead of the one at `index`.
-    void add_to(scene::layout::stack& stack, std::size_t index);
+    void add_to(scene::layout::stack& rows, std::size_t index);
     /// The row is no longer one of the list.
     void leave_list() noexcept { list = nullptr; }
 
