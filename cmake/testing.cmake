@@ -6,7 +6,7 @@
 # mossharbour_add_unit_test(<name> SOURCES <file>... [LIBRARIES <target>...] [SCREEN])
 #     The same, linked with the library's objects: internals can be seen. With scene_testing among the LIBRARIES
 #     there is a second entry, <name>_on_debug_heap, which runs the program where the first mistake with memory
-#     ends it (tests/support/debug_heap.h).
+#     ends it (tests/support/debug_heap.h); not with SCREEN, where a window would wait for it.
 # Both do nothing where tests are not built.
 
 set(MOSSHARBOUR_TEST_TIMEOUT 300 CACHE STRING "Seconds after which a test program counts as hung")
@@ -44,12 +44,9 @@ function(mossharbour_add_unit_test name)
     endif()
     mossharbour_add_test(${name} ${screen}
         SOURCES ${arg_SOURCES} LIBRARIES mossHarbour.ui.objects ${arg_LIBRARIES})
-    if(TARGET ${name} AND "scene_testing" IN_LIST arg_LIBRARIES)
+    if(TARGET ${name} AND "scene_testing" IN_LIST arg_LIBRARIES AND NOT arg_SCREEN)
         add_test(NAME ${name}_on_debug_heap COMMAND ${name})
         set_tests_properties(${name}_on_debug_heap PROPERTIES
             ENVIRONMENT MOSSHARBOUR_DEBUG_HEAP=1 TIMEOUT ${MOSSHARBOUR_TEST_TIMEOUT})
-        if(arg_SCREEN)
-            set_tests_properties(${name}_on_debug_heap PROPERTIES RUN_SERIAL ON)
-        endif()
     endif()
 endfunction()
