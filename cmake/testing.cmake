@@ -47,6 +47,6 @@ function(mossharbour_add_unit_test name)
     if(TARGET ${name} AND "scene_testing" IN_LIST arg_LIBRARIES AND NOT arg_SCREEN)
         add_test(NAME ${name}_on_debug_heap COMMAND ${name})
         set_tests_properties(${name}_on_debug_heap PROPERTIES
-            ENVIRONMENT MOSSHARBOUR_DEBUG_HEAP=1 TIMEOUT ${MOSSHARBOUR_TEST_TIMEOUT})
+            ENVIRONMENT MOSSHARBOUR_DEBUG_HEAP=1 TIMEOUT 900)  # a block there costs some hundred times as much
     endif()
 endfunction()
