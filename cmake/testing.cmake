@@ -9,7 +9,7 @@
 #     ends it (tests/support/debug_heap.h); not with SCREEN, where a window would wait for it.
 # Both do nothing where tests are not built.
 
-set(MOSSHARBOUR_TEST_TIMEOUT 300 CACHE STRING "Seconds after which a test program counts as hung")
+set(MOSSHARBOUR_TEST_TIMEOUT 600 CACHE STRING "Seconds after which a test program counts as hung")
 
 function(mossharbour_add_test name)
     if(NOT MOSSHARBOUR_BUILD_TESTS)
