@@ -33,6 +33,7 @@
 #include "d2d/scene/IDrawingContext.h"
 #include "d2d/scene/IEffect.h"
 #include "d2d/scene/IFloatingNode.h"
+#include "d2d/scene/IFloatingUiService.h"
 #include "d2d/scene/IMovableFloatingNode.h"
 #include "d2d/scene/INode.h"
 #include "d2d/scene/IResource.h"

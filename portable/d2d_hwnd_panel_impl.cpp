@@ -1,9 +1,6 @@
 #include "portable/d2d_hwnd_panel_impl.h"
 
 #include "com/object.h"
-#include "portable/dialog.h"
-#include "portable/file_selection.h"
-#include "portable/popup.h"
 #include "win32/error.h"
 
 #include <utility>
@@ -45,19 +42,19 @@ HWND d2d_hwnd_panel_impl::create_window(DWORD ex_style, const wchar_t* title, DW
 }
 
 bool d2d_hwnd_panel_impl::showPopup(popup_details shown) {
-    return run_popup(create_d2d_hwnd_panel(nullptr), get_window_handle(), shown);
+    return showPopupHwnd(get_window_handle(), true, std::move(shown));
 }
 
 bool d2d_hwnd_panel_impl::showDialog(dialog_details shown) {
-    return run_dialog(create_d2d_hwnd_panel(nullptr), get_window_handle(), shown);
+    return showDialogHwnd(get_window_handle(), true, std::move(shown));
 }
 
 std::filesystem::path d2d_hwnd_panel_impl::selectInputFile(details choice) {
-    return select_file(get_window_handle(), choice, file_purpose::input);
+    return ui::mossHarbour::selectInputFile(get_window_handle(), choice);
 }
 
 std::filesystem::path d2d_hwnd_panel_impl::selectOutputFile(details choice) {
-    return select_file(get_window_handle(), choice, file_purpose::output);
+    return ui::mossHarbour::selectOutputFile(get_window_handle(), choice);
 }
 
 void d2d_hwnd_panel_impl::arrange_content() {

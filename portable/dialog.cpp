@@ -1,10 +1,9 @@
-#include "portable/dialog.h"
-
+#include "portable/modal_panel.h"
+#include "ui/mossHarbour/IModalService.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
 #include "ui/mossHarbour/IStackLayout.h"
 #include "win32/scope_exit.h"
 
-#include <stdexcept>
 #include <utility>
 
 namespace ui::mossHarbour {
@@ -89,10 +88,7 @@ void show_centred(IHwndPanel& panel, HWND root) {
 void run_loop(IHwndPanel& panel, outcome& reached, const std::function<bool(bool)>& on_result) {
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (!panel.translate_message(message)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
+        dispatch(panel, message);
         if (!reached.done) continue;
         if (!on_result || on_result(reached.result)) return;
         reached = {};
@@ -101,17 +97,13 @@ void run_loop(IHwndPanel& panel, outcome& reached, const std::function<bool(bool
 
 }  // namespace
 
-SIZE preferred_window_size(IHwndPanel& panel) {
-    constexpr LONG largest = 0x4000;
-    const SIZE size = panel.get_window_sizes().preferred;
-    if (size.cx < 1 || size.cx > largest || size.cy < 1 || size.cy > largest) {
-        throw std::logic_error("Dialog layout resulted in an invalid size!");
-    }
-    return size;
+bool showDialogHwnd(HWND owner, IModalService::dialog_details details) {
+    return showDialogHwnd(owner, false, std::move(details));
 }
 
-bool run_dialog(com::ptr<IHwndPanel> panel, HWND owner, const IModalService::dialog_details& details) {
+bool showDialogHwnd(HWND owner, bool force_scene, IModalService::dialog_details details) {
     outcome reached;
+    const auto panel = create_modal_panel(force_scene);
     const button_row buttons(details.buttons, reached);
     panel->set_on_close([&reached] { reached = {true, false}; });
     panel->set_content(stacked(details.content, buttons.layout()));

@@ -1,30 +1,26 @@
-#include "portable/file_selection.h"
-
-#include <string_view>
-
-#include <commdlg.h>
+#include "portable/file_request.h"
 
 namespace ui::mossHarbour {
+namespace {
 
-std::filesystem::path select_file(HWND owner, const IFileSelectionService::details& choice,
-                                  file_purpose purpose) {
-    constexpr std::size_t capacity = 260;
-    // Kept as they are, with a hook that is not there: the dialogs have this look by it.
-    constexpr DWORD input_flags = OFN_ENABLESIZING | OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_ENABLEHOOK;
-    constexpr DWORD output_flags = OFN_ENABLESIZING | OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_ENABLEHOOK;
-    wchar_t name[capacity]{};
-    if (choice.initial_name) std::wstring_view(choice.initial_name).copy(name, capacity - 1);
-    OPENFILENAMEW request{};
-    request.lStructSize = sizeof request;
-    request.hwndOwner = owner;
-    request.lpstrFilter = choice.filter;
-    request.lpstrFile = name;
-    request.nMaxFile = capacity;
-    request.lpstrDefExt = choice.default_extension;
-    request.Flags = purpose == file_purpose::input ? input_flags : output_flags;
-    const bool chosen = purpose == file_purpose::input ? GetOpenFileNameW(&request) != FALSE
-                                                       : GetSaveFileNameW(&request) != FALSE;
-    return chosen ? std::filesystem::path(name) : std::filesystem::path();
+// Both name a hook that is not there: the dialogs have had this look by it ever since.
+constexpr DWORD input_flags = OFN_ENABLESIZING | OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_ENABLEHOOK;
+constexpr DWORD output_flags = OFN_ENABLESIZING | OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_ENABLEHOOK;
+
+std::filesystem::path select_file(HWND owner, const IFileSelectionService::details& choice, DWORD flags,
+                                  BOOL(WINAPI* ask)(OPENFILENAMEW*)) {
+    file_request request(owner, choice, flags);
+    return ask(request.get()) ? request.chosen() : std::filesystem::path();
+}
+
+}  // namespace
+
+std::filesystem::path selectInputFile(HWND owner, IFileSelectionService::details choice) {
+    return select_file(owner, choice, input_flags, &GetOpenFileNameW);
+}
+
+std::filesystem::path selectOutputFile(HWND owner, IFileSelectionService::details choice) {
+    return select_file(owner, choice, output_flags, &GetSaveFileNameW);
 }
 
 }  // namespace ui::mossHarbour

@@ -1,7 +1,9 @@
 #include "portable/popup.h"
 
-#include "portable/dialog.h"
+#include "portable/modal_panel.h"
 #include "win32/scope_exit.h"
+
+#include <utility>
 
 namespace ui::mossHarbour {
 namespace {
@@ -35,7 +37,12 @@ POINT popup_position(const RECT& anchor, SIZE size, popup_side side, popup_align
     }
 }
 
-bool run_popup(com::ptr<IHwndPanel> panel, HWND owner, const IModalService::popup_details& details) {
+bool showPopupHwnd(HWND owner, IModalService::popup_details details) {
+    return showPopupHwnd(owner, false, std::move(details));
+}
+
+bool showPopupHwnd(HWND owner, bool force_scene, IModalService::popup_details details) {
+    const auto panel = create_modal_panel(force_scene);
     panel->set_padding(2, 2, 2, 2);
     panel->set_content(details.content);
     const win32::scope_exit taken_out([&] { panel->set_content(nullptr); });
@@ -49,9 +56,7 @@ bool run_popup(com::ptr<IHwndPanel> panel, HWND owner, const IModalService::popu
     ShowWindow(window, SW_SHOW);
     MSG message{};
     while (GetAncestor(GetFocus(), GA_ROOT) == window && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (panel->translate_message(message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
+        dispatch(*panel, message);
     }
     ShowWindow(window, SW_HIDE);
     if (details.on_result) details.on_result(false);

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "com/api.h"
 #include "com/interface_traits.h"
 
 #include <filesystem>
+
+#include <windows.h>
 
 namespace ui::mossHarbour {
 
@@ -20,6 +23,17 @@ struct IFileSelectionService : IUnknown {
     /// A file to write; the user is asked whether to replace one that exists.
     virtual std::filesystem::path selectOutputFile(details choice) = 0;
 };
+
+/// Lets the user choose a file that exists, in the system's dialog above `owner`, null for none. Empty when
+/// the user cancels. Runs a message loop until the dialog is done. Names are limited to 259 characters.
+///
+///     selectInputFile(window, {L"", L"Charts\0*.chart\0All files\0*.*\0", L"chart"});
+[[nodiscard]] MOSSHARBOUR_API std::filesystem::path selectInputFile(HWND owner,
+                                                                    IFileSelectionService::details choice);
+
+/// The same for a file to write; the user is asked whether to replace one that exists.
+[[nodiscard]] MOSSHARBOUR_API std::filesystem::path selectOutputFile(HWND owner,
+                                                                     IFileSelectionService::details choice);
 
 }  // namespace ui::mossHarbour
 

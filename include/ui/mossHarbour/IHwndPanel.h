@@ -46,6 +46,12 @@ struct IHwndPanel : IBasicHwndPanel {
 /// not needed any more.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<IHwndPanel> create_d2d_hwnd_panel(IServiceProvider* upstream);
 
+/// A panel of the kind that the user's settings choose: on the scene where the value "useD2D" of the key
+/// "SOFTWARE\Tarnwick\QRD\3.0\mossHarbour.ui", under `HKEY_CURRENT_USER`, was there and not zero as the
+/// library was loaded, and otherwise with native controls. `upstream` is kept, and asked first for services;
+/// may be null.
+[[nodiscard]] MOSSHARBOUR_API com::ptr<IHwndPanel> create_hwnd_panel(IServiceProvider* upstream);
+
 }  // namespace ui::mossHarbour
 
 template <>

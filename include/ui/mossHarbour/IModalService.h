@@ -1,5 +1,6 @@
 #pragma once
 
+#include "com/api.h"
 #include "com/ptr.h"
 #include "ui/mossHarbour/IElement.h"
 #include "ui/mossHarbour/ILayout.h"
@@ -48,6 +49,24 @@ struct IModalService : IUnknown {
     /// `std::logic_error` "Dialog layout resulted in an invalid size!" for a content without a proper size.
     virtual bool showDialog(dialog_details details) = 0;
 };
+
+/// Shows a modal dialog, centred on the top-level window of `owner`, and returns its result when it is done.
+/// That window is disabled meanwhile. Messages are dispatched in a loop of the dialog's own, so that any
+/// handler may be called, and may show a further dialog. What a handler throws passes on, with the owner
+/// enabled and the dialog gone. `WM_QUIT` ends the dialog with the result as it stands, false without any,
+/// and is not posted again. On return the controls are not materialized any more: read them in `on_result`.
+///
+/// With native controls or on the scene as the user's settings choose: see `create_hwnd_panel`.
+MOSSHARBOUR_API bool showDialogHwnd(HWND owner, IModalService::dialog_details details);
+/// With `force_scene` on the scene whatever the settings choose.
+MOSSHARBOUR_API bool showDialogHwnd(HWND owner, bool force_scene, IModalService::dialog_details details);
+
+/// Shows a popup beside `details.anchor` for as long as it has the keyboard focus, in a loop of its own like
+/// that of a dialog. The owner stays enabled. Then `on_result` is called with false, while the popup's
+/// window is hidden and its controls are still there. Always false. Throws like `showDialogHwnd`.
+MOSSHARBOUR_API bool showPopupHwnd(HWND owner, IModalService::popup_details details);
+/// With `force_scene` on the scene whatever the settings choose.
+MOSSHARBOUR_API bool showPopupHwnd(HWND owner, bool force_scene, IModalService::popup_details details);
 
 }  // namespace ui::mossHarbour
 
