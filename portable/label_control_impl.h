@@ -1,6 +1,7 @@
 #pragma once
 
 #include "portable/ID2dWidget.h"
+#include "portable/IHwndWidget.h"
 #include "portable/basic_facade.h"
 #include "ui/mossHarbour/ILabelControl.h"
 
@@ -40,5 +41,7 @@ protected:
 
 /// The form on the scene.
 [[nodiscard]] com::ptr<ID2dWidget> make_d2d_widget();
+/// The native form.
+[[nodiscard]] com::ptr<IHwndWidget> make_win32_widget();
 
 }  // namespace ui::mossHarbour::label_control_impl

@@ -19,10 +19,4 @@ void register_scene_widgets(
     add(typeid(group_box_control_impl::facade), group_box_control_impl::make_d2d_widget);
 }
 
-const widget_factories<ID2dWidget> scene_widget_factories = [] {
-    widget_factories<ID2dWidget> table;
-    register_scene_widgets([&](const std::type_info& type, auto make) { table.add(type, make); });
-    return table;
-}();
-
 }  // namespace ui::mossHarbour

@@ -1,6 +1,6 @@
 #include "portable/toolkit_font.h"
 
-#include "win32/scope_exit.h"
+#include "win32/registry_key.h"
 
 namespace ui::mossHarbour {
 namespace {
@@ -25,22 +25,21 @@ void read_size(HKEY key, DWORD& result) {
     if (!failure && type == REG_DWORD) result = value;
 }
 
-HFONT make_toolkit_font() {
-    const font_defaults chosen = read_font_defaults(HKEY_CURRENT_USER, defaults_key);
-    return CreateFontW(-static_cast<int>(chosen.size), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0,
-                       chosen.face.c_str());
-}
-
 }  // namespace
 
 font_defaults read_font_defaults(HKEY root, const wchar_t* subkey) {
     font_defaults result;
-    HKEY key = nullptr;
-    if (RegOpenKeyW(root, subkey, &key) != ERROR_SUCCESS) return result;
-    const win32::scope_exit closed([key] { RegCloseKey(key); });
-    read_face(key, result.face);
-    read_size(key, result.size);
+    win32::registry_key key;
+    if (RegOpenKeyW(root, subkey, key.put()) != ERROR_SUCCESS) return result;
+    read_face(key.get(), result.face);
+    read_size(key.get(), result.size);
     return result;
+}
+
+HFONT make_toolkit_font() {
+    const font_defaults chosen = read_font_defaults(HKEY_CURRENT_USER, defaults_key);
+    const int character_height = static_cast<int>(0 - chosen.size);  // negative: without leading
+    return CreateFontW(character_height, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, chosen.face.c_str());
 }
 
 int line_height(HFONT font) noexcept {
@@ -52,9 +51,5 @@ int line_height(HFONT font) noexcept {
     ReleaseDC(nullptr, screen);
     return metrics.tmHeight;
 }
-
-// Made in this order while the library is loaded.
-const HFONT toolkit_font = make_toolkit_font();
-const int font_height = line_height(toolkit_font);
 
 }  // namespace ui::mossHarbour

@@ -21,6 +21,9 @@ struct font_defaults {
 /// The font of all native controls, made when the library is loaded and never released.
 extern const HFONT toolkit_font;
 
+/// What becomes `toolkit_font`: by the user's settings.
+[[nodiscard]] HFONT make_toolkit_font();
+
 /// The height of a font's lines, in pixels.
 [[nodiscard]] int line_height(HFONT font) noexcept;
 
