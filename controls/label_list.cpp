@@ -45,6 +45,7 @@ void label_list::reserved2() {
 void label_list::clear() {
     stack = scene::layout::create_stack(0);
     const auto former = std::exchange(items, {});
+    selected = {};
     for (const auto& row : former) {
         row->leave_list();
         content_node->remove_child(row->node);
@@ -85,6 +86,7 @@ void label_list::lay_out() {
 
 void label_list::press(item& row, const input::mouse::event& event) {
     content_node->set_focus();
+    if (!row.is_in_list()) return;  // whoever heard of the focus has cleared the list
     if (event.button == input::mouse::button::left && !is_selected(row)) select(row);
 }
 
@@ -97,6 +99,7 @@ void label_list::select(item& row) {
         former->label->set_brush(idle);
         former->redraw(*this);
     }
+    if (!is_selected(row)) return;  // the label has cleared the list
     row.label->set_brush(chosen);
     row.redraw(*this);
 }

@@ -23,6 +23,7 @@ public:
     void add_to(scene::layout::stack& rows, std::size_t index);
     /// The row is no longer one of the list.
     void leave_list() noexcept { list = nullptr; }
+    [[nodiscard]] bool is_in_list() const noexcept { return list != nullptr; }
 
     const com::ptr<ILabel> label;
     const int value;

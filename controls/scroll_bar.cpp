@@ -2,9 +2,9 @@
 
 #include "com/object.h"
 #include "com/weak_ptr.h"
+#include "controls/drag_in_view.h"
 #include "controls/node_placement.h"
 #include "scene/matrix.h"
-#include "scene/node.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -14,16 +14,6 @@ namespace d2d {
 
 using input::mouse::button;
 namespace event_type = input::mouse::event_type;
-
-namespace {
-
-/// A node that a listener, or a handler above it, has taken out of its view has no pointer to follow.
-void drag_in_view(scene::INode& node, button pressed, scene::INode::drag_function moved) {
-    const auto inner = com::internal_object<scene::node>(&node);
-    if (inner && inner->view) node.drag_loop(pressed, std::move(moved));
-}
-
-}  // namespace
 
 scroll_bar::scroll_bar(orientation bar_orientation, const range& bar_range, const D2D_RECT_F& bar_rect,
                        IUnknown* style_source)

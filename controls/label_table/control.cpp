@@ -17,9 +17,9 @@ void require(bool met, const char* failure) {
     if (!met) throw std::logic_error(failure);
 }
 
-std::unique_ptr<row> make_row(ILabelTable::sort_value value, ILabelTable::row_key key,
+std::shared_ptr<row> make_row(ILabelTable::sort_value value, ILabelTable::row_key key,
                               std::initializer_list<ILabel*> labels) {
-    auto made = std::make_unique<row>();
+    auto made = std::make_shared<row>();
     made->cells.reserve(labels.size());
     for (ILabel* const label : labels) made->cells.push_back({label});
     made->value = value;
@@ -27,15 +27,15 @@ std::unique_ptr<row> make_row(ILabelTable::sort_value value, ILabelTable::row_ke
     return made;
 }
 
-/// Puts the labels of a row below the node of its section; all of them or none.
-void attach_labels(scene::INode& section, const row& added) {
+/// Puts the labels of a row below a node; all of them or none.
+void attach_labels(scene::INode& node, const row& added) {
     std::size_t attached = 0;
     try {
         for (; attached < added.cells.size(); ++attached) {
-            section.add_child(added.cells[attached].label->get_node());
+            node.add_child(added.cells[attached].label->get_node());
         }
     } catch (...) {
-        while (attached > 0) section.remove_child(added.cells[--attached].label->get_node());
+        while (attached > 0) node.remove_child(added.cells[--attached].label->get_node());
         throw;
     }
 }
@@ -51,8 +51,9 @@ void control::final_construct() {
     scroll_area->add_content(background_node);
     scroll_area->add_content(body_node);
     scroll_area->add_margin_scrolled_node(bottom_margin, footer_node);
-    listen_to_header();
-    listen_to_body();
+    for (const int section : all_sections) drop_labels(section);
+    listen(*header_node, &control::handle_header_mouse);
+    listen(*body_node, &control::handle_body_mouse);
 }
 
 com::ptr<scene::INode> control::make_section_node() {
@@ -61,52 +62,40 @@ com::ptr<scene::INode> control::make_section_node() {
     return made;
 }
 
-const com::ptr<scene::INode>& control::node_of(int section) const noexcept {
-    if (section == header) return header_node;
-    return section == body ? body_node : footer_node;
+com::ptr<scene::INode>& control::labels_of(int section) noexcept {
+    return label_nodes[static_cast<std::size_t>(section - header)];
 }
-
-// Labels, and handlers that hear of them, may drop the table: each change keeps it.
 
 void control::clear() {
     const com::ptr<control> keep = this;
+    auto former = std::exchange(rows, {});
+    for (const auto& each : former.all()) each->removed = true;
     shown.clear();
-    rows.clear();
     columns.clear();
     forget_candidates();
     anchor.reset();
-    renew_header();
-    renew_body();
-    renew_footer();
+    for (const int section : all_sections) drop_labels(section);
 }
 
 void control::clear_section(int section) {
     if (section != body) std::abort();
     const com::ptr<control> keep = this;
-    shown.clear(body);
-    rows.clear(body);
+    const auto former = rows.take_all(body);
+    for (const auto& each : former) each->removed = true;
+    shown.take_all(body);
     forget_candidates();
     anchor.reset();
-    renew_body();
+    drop_labels(body);
 }
 
-// A node that is left with its labels as a whole lets them go at the cost of one walk.
-
-void control::renew_header() {
-    scroll_area->remove_margin_scrolled_node(top_margin, std::exchange(header_node, make_section_node()));
-    scroll_area->add_margin_scrolled_node(top_margin, header_node);
-    listen_to_header();
-}
-
-void control::renew_body() {
-    scroll_area->remove_content(std::exchange(body_node, make_section_node()));
-    scroll_area->add_content(body_node);
-    listen_to_body();
-}
-
-void control::renew_footer() {
-    scroll_area->remove_margin_scrolled_node(bottom_margin, std::exchange(footer_node, make_section_node()));
-    scroll_area->add_margin_scrolled_node(bottom_margin, footer_node);
+/// A node that goes with its labels as a whole lets them go at the cost of one walk; the section's own one
+/// stays, and the mouse with it.
+void control::drop_labels(int section) {
+    const auto& node = section == header ? header_node : section == body ? body_node : footer_node;
+    const auto fresh = scene::create_node();
+    node->add_child(fresh);
+    const auto former = std::exchange(labels_of(section), fresh);
+    if (former) node->remove_child(former);
 }
 
 bool control::fits(std::size_t labels) const noexcept {
@@ -126,29 +115,42 @@ void control::insert_row(unsigned index, int section, sort_value value, row_key 
     put_row(std::min<std::size_t>(index, rows.size(section)), section, make_row(value, key, labels));
 }
 
-void control::put_row(std::size_t index, int section, std::unique_ptr<row> added) {
+void control::put_row(std::size_t index, int section, std::shared_ptr<row> added) {
     const com::ptr<control> keep = this;
-    sections<column> first_columns;
-    if (rows.empty()) {
-        for (std::size_t i = 0; i < added->cells.size(); ++i) first_columns.append(body, {});
+    const com::ptr<scene::INode> node = labels_of(section);
+    const bool settles_columns = rows.empty() && columns.empty();
+    sections<column> new_columns;
+    for (std::size_t i = 0; i < added->cells.size(); ++i) new_columns.append(body, {});
+    rows.insert(section, index, added);
+    if (settles_columns) columns = std::move(new_columns);
+    try {
+        attach_labels(*node, *added);
+    } catch (...) {
+        take_back(section, *added);
+        if (settles_columns && rows.empty()) columns.clear();
+        throw;
     }
-    rows.make_room();
-    attach_labels(*node_of(section), *added);
-    if (rows.empty()) columns = std::move(first_columns);
-    rows.insert(section, index, std::move(added));
+}
+
+void control::take_back(int section, const row& added) {
+    const auto placed = rows[section];
+    const auto place =
+        std::find_if(placed.begin(), placed.end(), [&](const auto& each) { return each.get() == &added; });
+    if (place != placed.end()) rows.take(section, static_cast<std::size_t>(place - placed.begin()));
 }
 
 void control::remove_row(unsigned index, int section) {
     check_section(section);
     require(index < rows.size(section), "invalid row number");
     const com::ptr<control> keep = this;
-    const std::unique_ptr<row> removed = rows.take(section, index);
+    const std::shared_ptr<row> removed = rows.take(section, index);
+    removed->removed = true;
     const auto placed = shown[section];
     const auto place = std::find(placed.begin(), placed.end(), removed.get());
     if (place != placed.end()) shown.take(section, static_cast<std::size_t>(place - placed.begin()));
     forget_candidates();
-    const com::ptr<scene::INode> section_node = node_of(section);
-    for (const cell& each : removed->cells) section_node->remove_child(each.label->get_node());
+    const com::ptr<scene::INode> node = labels_of(section);
+    for (const cell& each : removed->cells) node->remove_child(each.label->get_node());
 }
 
 void control::reserved2() {
@@ -175,54 +177,74 @@ void control::end_update() {
     if (--update_depth == 0) lay_out();
 }
 
+/// Labels are a client's, and so is the order: of layouts within a layout the innermost counts.
 void control::lay_out() {
     const com::ptr<control> keep = this;
+    const unsigned layout = ++layouts;
     if (hot_row && *hot_row >= rows.size(body)) hot_row.reset();
-    order_rows();
-    measure_cells();
-    const float width = place_tracks(columns);
-    const float height = place_tracks(shown);
-    scroll_area->set_margin_scrolled_size(top_margin, thickness_of(shown[header]));
-    scroll_area->set_margin_scrolled_size(bottom_margin, thickness_of(shown[footer]));
-    scroll_area->set_content_bounds({0, 0, width, height});
-    arrange_cells();
+    auto kept = rows;
+    auto all = ordered(kept);
+    measure_cells(all);
+    if (layout != layouts) return;
+    place(all);
+    if (layout == layouts) arrange_cells(all);
+    if (layout != layouts) return;
     draw_hot_row();
     draw_selection();
 }
 
-void control::order_rows() {
-    sections<row*> ordered;
+sections<row*> control::ordered(sections<std::shared_ptr<row>>& all) const {
+    sections<row*> found;
     for (const int section : all_sections) {
-        for (const auto& each : rows[section]) ordered.append(section, each.get());
+        for (const auto& each : all[section]) found.append(section, each.get());
     }
     if (const compare_function order = compare) {
-        const auto sorted = ordered[body];
+        const auto sorted = found[body];
         std::stable_sort(sorted.begin(), sorted.end(),
                          [&](const row* a, const row* b) { return order(a->value, b->value) < 0; });
     }
-    shown = std::move(ordered);
-    forget_candidates();
+    return found;
 }
 
-void control::measure_cells() {
+void control::measure_cells(sections<row*>& of) {
+    for (row* const each : of.all()) {
+        for (cell& measured : each->cells) measured.measured = measured.label->measure();
+    }
+}
+
+void control::place(sections<row*>& measured) {
+    shown.clear();
+    for (const int section : all_sections) {
+        for (row* const each : measured[section]) {
+            if (!each->removed) shown.append(section, each);
+        }
+    }
+    forget_candidates();
     for (column& each : columns.all()) each.forget_demands();
     for (row* const each : shown.all()) {
         each->forget_demands();
         auto across = columns.all().begin();
-        for (cell& measured : each->cells) {
-            measured.measured = measured.label->measure();
-            each->take_in(demand_down(measured.measured), row_gap);
-            across++->take_in(demand_across(measured.measured), column_gap);
+        for (const cell& asked : each->cells) {
+            each->take_in(demand_down(asked.measured), row_gap);
+            across++->take_in(demand_across(asked.measured), column_gap);
         }
     }
+    const float width = place_tracks(columns);
+    const float height = place_tracks(shown);
+    const float header_height = thickness_of(shown[header]);
+    const float footer_height = thickness_of(shown[footer]);
+    scroll_area->set_margin_scrolled_size(top_margin, header_height);
+    scroll_area->set_margin_scrolled_size(bottom_margin, footer_height);
+    scroll_area->set_content_bounds({0, 0, width, height});
 }
 
-void control::arrange_cells() {
-    for (const row* const each : shown.all()) {
-        auto across = columns.all().begin();
-        for (const cell& placed : each->cells) {
-            placed.label->arrange({across->start, each->start, across->end, each->end});
-            ++across;
+void control::arrange_cells(sections<row*>& placed) {
+    const unsigned layout = layouts;
+    for (const row* const each : placed.all()) {
+        for (std::size_t i = 0; i < each->cells.size(); ++i) {
+            if (each->removed || layout != layouts) break;
+            const column& across = columns.all()[i];
+            each->cells[i].label->arrange({across.start, each->start, across.end, each->end});
         }
     }
 }

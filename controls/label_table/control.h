@@ -8,18 +8,22 @@
 #include "d2d/ui/IScrollArea.h"
 #include "scene/handler_slot.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <vector>
 
 namespace d2d::ui::label_table {
 
-/// A table in a scroll area. The labels of a section's rows are children of the section's node. Header and
-/// footer are in margins of the area; beneath the body lies the drawing of the selection, and on that the one
-/// of the row under the mouse.
+/// A table in a scroll area. Each section has a node that takes the mouse, and in it one that holds the
+/// labels of its rows. Header and footer are in margins of the area; beneath the body lies the drawing of the
+/// selection, and on that the one of the row under the mouse.
 ///
 /// `rows` are in the order of insertion. `shown` has those that the last layout has placed and that are still
 /// there, from the top down; what the mouse does counts along it.
+///
+/// Labels, and whoever hears of what they do, may call the table: each change keeps it, and works on rows
+/// that it keeps as well.
 class control : public com::base_object<com::object_base, ILabelTable> {
 public:
     explicit control(IStyle* style_source);
@@ -62,21 +66,21 @@ private:
     class label_brushes;
 
     [[nodiscard]] static com::ptr<scene::INode> make_section_node();
-    [[nodiscard]] const com::ptr<scene::INode>& node_of(int section) const noexcept;
+    [[nodiscard]] com::ptr<scene::INode>& labels_of(int section) noexcept;
 
     // Rows.
     /// Whether a row may have so many labels.
     [[nodiscard]] bool fits(std::size_t labels) const noexcept;
-    void put_row(std::size_t index, int section, std::unique_ptr<row> added);
-    void renew_header();
-    void renew_body();
-    void renew_footer();
+    void put_row(std::size_t index, int section, std::shared_ptr<row> added);
+    void take_back(int section, const row& added);
+    void drop_labels(int section);
 
     // Layout.
     void lay_out();
-    void order_rows();
-    void measure_cells();
-    void arrange_cells();
+    [[nodiscard]] sections<row*> ordered(sections<std::shared_ptr<row>>& all) const;
+    static void measure_cells(sections<row*>& of);
+    void place(sections<row*>& measured);
+    void arrange_cells(sections<row*>& placed);
 
     // Selection, and the row under the mouse. Indices count along the body as it is shown.
     [[nodiscard]] std::span<row* const> body_rows() const noexcept { return shown[body]; }
@@ -87,7 +91,8 @@ private:
     void select_by_click(std::size_t clicked, std::uint32_t flags);
     void select_only(index_range wanted);
     void toggle(std::size_t index);
-    static void set_selected(row& changed, bool selected, label_brushes& brushes);
+    /// Selects rows that are not selected, and the other way round.
+    void turn_over(std::span<row* const> changed);
     void set_hot_row(std::optional<std::size_t> index);
     void draw_selection();
     void draw_hot_row();
@@ -96,20 +101,23 @@ private:
     [[nodiscard]] com::ptr<scene::IBrush> brush(std::string_view key) const;
 
     // The mouse.
-    void listen_to_header();
-    void listen_to_body();
-    [[nodiscard]] bool handle_header_mouse(const mouse_event& event);
-    [[nodiscard]] bool handle_body_mouse(const mouse_event& event);
+    using mouse_operation = bool (control::*)(const mouse_event& event);
+    void listen(scene::INode& node, mouse_operation operation);
+    bool handle_header_mouse(const mouse_event& event);
+    bool handle_body_mouse(const mouse_event& event);
     [[nodiscard]] bool press_body(const mouse_event& event);
+    /// Where a row is now that was at `former`.
+    [[nodiscard]] std::optional<std::size_t> place_of(const row& wanted, std::size_t former) const noexcept;
 
     static constexpr float column_gap = 8;  // the smallest margin of a column
     static constexpr float row_gap = 2;     // the smallest margin of a row
 
     const com::ptr<IStyle> style;
     const com::ptr<IScrollArea> scroll_area;
-    com::ptr<scene::INode> header_node = make_section_node();
-    com::ptr<scene::INode> body_node = make_section_node();
-    com::ptr<scene::INode> footer_node = make_section_node();
+    const com::ptr<scene::INode> header_node = make_section_node();
+    const com::ptr<scene::INode> body_node = make_section_node();
+    const com::ptr<scene::INode> footer_node = make_section_node();
+    std::array<com::ptr<scene::INode>, all_sections.size()> label_nodes;  // by section
     const com::ptr<scene::INode> background_node = scene::create_node();
     std::optional<std::size_t> hot_row;
     com::ptr<scene::INode> hot_node;  // on the background, while a row is hot
@@ -117,10 +125,11 @@ private:
     std::optional<std::size_t> anchor;  // where a range begins
     index_range selection;              // of the body; no row outside is selected
     sections<column> columns;           // all in the body
-    sections<std::unique_ptr<row>> rows;
+    sections<std::shared_ptr<row>> rows;
     sections<row*> shown;
     compare_function compare;  // empty: the order of insertion
     int update_depth = 0;
+    unsigned layouts = 0;
     scene::handler_slot<click_function> on_header_click;
 };
 

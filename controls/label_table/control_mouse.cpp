@@ -1,8 +1,10 @@
 // What the mouse does in a label table.
 
 #include "com/weak_ptr.h"
+#include "controls/drag_in_view.h"
 #include "controls/label_table/control.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace d2d::ui::label_table {
@@ -16,25 +18,17 @@ bool is_left_press(const input::mouse::event& event) noexcept {
 }
 
 /// A drag that changes nothing: it lasts until the button goes up.
-void drag_without_effect(const com::ptr<scene::INode>& node) {
-    node->drag_loop(button::left, [](D2D_POINT_2F) { return false; });
+void drag_without_effect(scene::INode& node) {
+    drag_in_view(node, button::left, [](D2D_POINT_2F) { return false; });
 }
 
 }  // namespace
 
-void control::listen_to_header() {
-    header_node->add_mouse_handler(
-        [self = com::weak_ptr<control>(this)](scene::INode*, int, const mouse_event& event) {
+void control::listen(scene::INode& node, mouse_operation operation) {
+    node.add_mouse_handler(
+        [self = com::weak_ptr<control>(this), operation](scene::INode*, int, const mouse_event& event) {
             const auto alive = self.lock();
-            return alive && alive->handle_header_mouse(event);
-        });
-}
-
-void control::listen_to_body() {
-    body_node->add_mouse_handler(
-        [self = com::weak_ptr<control>(this)](scene::INode*, int, const mouse_event& event) {
-            const auto alive = self.lock();
-            return alive && alive->handle_body_mouse(event);
+            return alive && (*alive.*operation)(event);
         });
 }
 
@@ -44,7 +38,7 @@ bool control::handle_header_mouse(const mouse_event& event) {
     const auto pressed = row_at(headings, event.position.y);
     if (!pressed) return false;
     const row_key key = headings[*pressed]->key;  // the row may go while messages are dispatched
-    if (header_node->drag_detect(button::left)) drag_without_effect(header_node);
+    if (drag_detect_in_view(*header_node, button::left)) drag_without_effect(*header_node);
     on_header_click.call(key);
     return true;
 }
@@ -67,13 +61,20 @@ bool control::handle_body_mouse(const mouse_event& event) {
 bool control::press_body(const mouse_event& event) {
     const auto pressed = row_at(body_rows(), event.position.y);
     if (!pressed) return false;
-    const row* const target = body_rows()[*pressed];
-    const bool dragged = body_node->drag_detect(button::left);
+    const auto target = body_rows()[*pressed]->shared_from_this();
+    const bool dragged = drag_detect_in_view(*body_node, button::left);
     // The table may have changed while messages were dispatched.
-    const bool still_there = *pressed < body_rows().size() && body_rows()[*pressed] == target;
-    if (still_there) select_by_click(*pressed, event.flags);
-    if (dragged) drag_without_effect(body_node);
+    if (const auto place = place_of(*target, *pressed)) select_by_click(*place, event.flags);
+    if (dragged) drag_without_effect(*body_node);
     return true;
+}
+
+std::optional<std::size_t> control::place_of(const row& wanted, std::size_t former) const noexcept {
+    const auto all = body_rows();
+    if (former < all.size() && all[former] == &wanted) return former;
+    const auto found = std::find(all.begin(), all.end(), &wanted);
+    if (found == all.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - all.begin());
 }
 
 }  // namespace d2d::ui::label_table

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include <windows.h>
 
@@ -79,30 +81,32 @@ void control::select_by_click(std::size_t clicked, std::uint32_t flags) {
 }
 
 void control::select_only(index_range wanted) {
-    label_brushes brushes(*this);
     wanted.end = std::min(wanted.end, body_rows().size());  // a range may begin where rows have gone
     selection = range_around(selection, wanted);
-    // No other row changes.
+    std::vector<row*> changed;  // none outside of the selection
     for (std::size_t i = selection.first; i < selection.end; ++i) {
-        set_selected(*body_rows()[i], wanted.contains(i), brushes);
+        row* const each = body_rows()[i];
+        if (each->selected != wanted.contains(i)) changed.push_back(each);
     }
-    draw_selection();
-    draw_hot_row();
+    turn_over(changed);
 }
 
 void control::toggle(std::size_t index) {
-    label_brushes brushes(*this);
-    row& changed = *body_rows()[index];
     selection = range_around(selection, {index, index + 1});
-    set_selected(changed, !changed.selected, brushes);
-    draw_selection();
-    draw_hot_row();
+    row* const changed = body_rows()[index];
+    turn_over({&changed, 1});
 }
 
-void control::set_selected(row& changed, bool selected, label_brushes& brushes) {
-    if (changed.selected == selected) return;
-    changed.selected = selected;
-    for (const cell& each : changed.cells) each.label->set_brush(brushes.get(selected));
+void control::turn_over(std::span<row* const> changed) {
+    label_brushes brushes(*this);
+    std::vector<std::pair<com::ptr<ILabel>, com::ptr<scene::IBrush>>> colors;
+    for (const row* const each : changed) {
+        for (const cell& shows : each->cells) colors.emplace_back(shows.label, brushes.get(!each->selected));
+    }
+    for (row* const each : changed) each->selected = !each->selected;
+    for (const auto& [label, color] : colors) label->set_brush(color);
+    draw_selection();
+    draw_hot_row();
 }
 
 void control::set_hot_row(std::optional<std::size_t> index) {

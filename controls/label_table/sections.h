@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <span>
 #include <stdexcept>
 #include <utility>
@@ -34,10 +35,6 @@ public:
         return std::span<const T>(items_).subspan(first_of(section), size(section));
     }
 
-    /// The next insertion throws nothing.
-    void make_room() {
-        if (items_.size() == items_.capacity()) items_.reserve(2 * items_.size() + 1);
-    }
     void insert(int section, std::size_t index, T item) {
         items_.insert(at(section, index), std::move(item));
         ++sizes_[number_of(section)];
@@ -50,9 +47,12 @@ public:
         --sizes_[number_of(section)];
         return taken;
     }
-    void clear(int section) {
+    std::vector<T> take_all(int section) {
+        const std::span<T> going = (*this)[section];
+        std::vector<T> taken(std::make_move_iterator(going.begin()), std::make_move_iterator(going.end()));
         items_.erase(at(section, 0), at(section, size(section)));
         sizes_[number_of(section)] = 0;
+        return taken;
     }
     void clear() noexcept {
         items_.clear();

@@ -5,6 +5,7 @@
 #include "d2d/ui/ILabel.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -50,9 +51,10 @@ struct cell {
     scene::layout::metrics measured{};
 };
 
-struct row : track {
+struct row : track, std::enable_shared_from_this<row> {
     std::vector<cell> cells;  // one for each column
     bool selected = false;
+    bool removed = false;  // while somebody still works with it
     ILabelTable::sort_value value = 0;
     ILabelTable::row_key key = 0;
 };

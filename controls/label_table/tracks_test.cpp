@@ -170,7 +170,7 @@ TEST(label_table_sections, items_stand_in_their_section_whatever_the_order_of_co
     EXPECT_EQ("h1 b1 f ", text());
     EXPECT_EQ(1u, words.size(header));
     EXPECT_EQ("b1", words[body][0]);
-    words.clear(body);
+    EXPECT_EQ(std::vector<std::string>{"b1"}, words.take_all(body));
     EXPECT_EQ("h1 f ", text());
     EXPECT_EQ("f", words[footer][0]);
 }

@@ -27,8 +27,9 @@ public:
     float gap = 1;
     /// Runs inside the drawing of separators.
     std::function<void()> on_separators;
+    com::ptr<ui::IStyleSettings> settings;
 
-    com::ptr<ui::IStyleSettings> get_settings() override { return {}; }
+    com::ptr<ui::IStyleSettings> get_settings() override { return settings; }
 
     void draw_thumb(scene::IDrawingContext* context, D2D_RECT_F rect, bool hot, bool down) override {
         log(scene::fakes::call_text("thumb", rect, hot, down));

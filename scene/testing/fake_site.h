@@ -40,6 +40,8 @@ public:
     double time = 0.0;
     bool focus_granted = true;
     bool drag_detected = false;
+    /// Runs while `drag_detect` waits.
+    std::function<void()> while_detecting;
     /// Stands in for the user's part in `drag_loop`; its result is the operation's. Without it: false.
     std::function<bool(const std::function<bool(D2D_POINT_2F)>& moved)> drag;
     /// Offers a service, which is borrowed.
@@ -58,6 +60,7 @@ public:
     void invalidate_rect(D2D_RECT_F rect) override { calls.push_back(call_text("invalidate_rect", rect)); }
     bool drag_detect(D2D_POINT_2F point, input::mouse::button button) override {
         calls.push_back(call_text("drag_detect", point, button));
+        if (while_detecting) while_detecting();
         return drag_detected;
     }
     bool drag_loop(D2D_POINT_2F point, input::mouse::button button, D2D_MATRIX_3X2_F transform,

@@ -30,7 +30,8 @@ struct ILabelTable : IControl {
     using sort_value = std::int32_t;
     /// What the owner knows a row by. The table never reads it.
     using row_key = std::int32_t;
-    /// Below 0, 0 or above 0, as the first value goes ahead of the second, beside it or behind it.
+    /// Below 0, 0 or above 0, as the first value goes ahead of the second, beside it or behind it. Called in
+    /// each layout.
     using compare_function = std::function<int(sort_value first, sort_value second)>;
     using click_function = std::function<void(row_key key)>;
 
