@@ -8,7 +8,10 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <chrono>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace client_test {
@@ -16,8 +19,23 @@ namespace client_test {
 /// The part of a picture inside a rectangle.
 [[nodiscard]] test_support::picture part(const test_support::picture& whole, RECT rect);
 
-/// The golden picture, or nothing where there is none yet.
-[[nodiscard]] test_support::picture golden_picture(std::string_view name);
+/// How near a picture comes to the one that is waited for.
+enum class likeness { none, close, exact };
+
+/// A golden picture that a window is to show, or a part of one.
+class awaited_golden {
+public:
+    awaited_golden(std::string_view name, test_support::tolerance allowed);
+
+    /// Close: within the tolerance. Where there is no golden yet, any picture is.
+    [[nodiscard]] likeness likeness_of(const test_support::picture& seen) const;
+    [[nodiscard]] testing::AssertionResult matches(const test_support::picture& seen) const;
+
+private:
+    std::string name_;
+    test_support::tolerance allowed_;
+    std::optional<test_support::picture> expected_;
+};
 
 /// Looks at the window of another program, which paints when it finds the time: on a busy machine seconds
 /// pass between what it is sent and what it shows.
@@ -28,28 +46,48 @@ public:
     /// What the last look has seen.
     [[nodiscard]] const test_support::picture& shown() const noexcept { return shown_; }
 
+    /// Looks until `like()` calls what shows exact, or nothing better is to be expected: it has been close
+    /// for a second, or nothing changes any more. `like` is asked once for each picture. Returns whether what
+    /// shows is close at least.
+    template <class Condition>
+    bool look_until_like(Condition&& like) {
+        using std::chrono::steady_clock;
+        constexpr auto settling = std::chrono::seconds(1);
+        constexpr auto longest_rest = std::chrono::seconds(10);  // from one change to the next
+        constexpr auto limit = std::chrono::minutes(1);          // a caret that blinks never rests
+        constexpr steady_clock::duration shortest_pause = std::chrono::milliseconds(20);
+        const auto start = steady_clock::now();
+        auto changed = start;
+        std::optional<steady_clock::time_point> close_since;
+        for (bool first = true;; first = false) {
+            const auto looked = steady_clock::now();
+            const bool changes = look();
+            const auto now = steady_clock::now();
+            if (changes) changed = now;
+            if (changes || first) {
+                const likeness found = like();
+                if (found == likeness::exact) return true;
+                if (found == likeness::none) {
+                    close_since.reset();
+                } else if (!close_since) {
+                    close_since = now;
+                }
+            }
+            if (close_since && now - *close_since >= settling) return true;
+            if (now - changed >= longest_rest || now - start >= limit) return close_since.has_value();
+            // The other program is to have the processor for half of the time at least.
+            const auto pause = std::max(now - looked, shortest_pause);
+            test_support::pump_for(std::chrono::ceil<std::chrono::milliseconds>(pause));
+        }
+    }
+
     /// Looks until `done()` holds for what shows, or nothing changes any more. Returns whether it holds.
     template <class Condition>
     bool look_until(Condition&& done) {
-        // Nothing takes longer from one change to the next.
-        constexpr auto rest = std::chrono::seconds(3);
-        const auto now = [] { return std::chrono::steady_clock::now(); };
-        for (auto changed = now(); now() - changed < rest;) {
-            auto next = test_support::grab_client_area(window_);
-            if (next != shown_) changed = now();
-            shown_ = std::move(next);
-            if (done()) return true;
-            test_support::pump_for(std::chrono::milliseconds(50));
-        }
-        return false;
+        return look_until_like([&] { return done() ? likeness::exact : likeness::none; });
     }
 
-    /// Looks until nothing changes any more.
-    void look_until_rest() {
-        look_until([] { return false; });
-    }
-
-    /// Waits for the golden picture `name`; where it does not come to the pixel, compares with leave.
+    /// Waits for the golden picture `name`, to the pixel or, after some time, with leave.
     [[nodiscard]] testing::AssertionResult shows_golden(std::string_view name,
                                                         test_support::tolerance allowed);
 
@@ -57,6 +95,9 @@ public:
     [[nodiscard]] testing::AssertionResult shows_again(const test_support::picture& earlier);
 
 private:
+    /// Whether something has changed since the last time.
+    bool look();
+
     HWND window_;
     test_support::picture shown_;
 };
