@@ -1,6 +1,7 @@
 #pragma once
 
 #include "portable/ID2dWidget.h"
+#include "portable/IHwndWidget.h"
 #include "portable/basic_facade.h"
 #include "portable/box_lengths.h"
 #include "ui/mossHarbour/IGroupBoxControl.h"
@@ -61,5 +62,7 @@ private:
 
 /// The form on the scene.
 [[nodiscard]] com::ptr<ID2dWidget> make_d2d_widget();
+/// The native form.
+[[nodiscard]] com::ptr<IHwndWidget> make_win32_widget();
 
 }  // namespace ui::mossHarbour::group_box_control_impl

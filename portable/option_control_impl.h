@@ -1,5 +1,6 @@
 #pragma once
 
+#include "portable/IHwndWidget.h"
 #include "portable/basic_facade.h"
 #include "scene/handler_slot.h"
 #include "ui/mossHarbour/IOptionControl.h"
@@ -54,5 +55,8 @@ protected:
 private:
     d2d::scene::handler_slot<std::function<void(IPanel*)>> on_changed;
 };
+
+/// The native form: there is no other.
+[[nodiscard]] com::ptr<IHwndWidget> make_win32_widget();
 
 }  // namespace ui::mossHarbour::option_control_impl
