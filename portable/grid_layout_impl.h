@@ -16,6 +16,9 @@ protected:
     void arrange_items(int left, int top, int right, int bottom) override;
 
 private:
+    /// Throws unless each item has a row and a column.
+    void require_tracks() const;
+
     grid_tracks rows;
     grid_tracks columns;
 };

@@ -5,23 +5,36 @@
 namespace ui::mossHarbour {
 namespace {
 
-template <class Tracks>
-auto find_place(Tracks& tracks, int index) noexcept {
-    return std::lower_bound(tracks.begin(), tracks.end(), index,
-                            [](const track& at, int wanted) { return at.index < wanted; });
+/// Where a track is, or belongs: looks at `recent`, and behind it, first.
+template <class Track>
+std::size_t find_place(const std::vector<Track>& tracks, int index, std::size_t recent) noexcept {
+    for (const std::size_t i : {recent, recent + 1}) {
+        if (i < tracks.size() && tracks[i].index == index) return i;
+    }
+    const auto found = std::lower_bound(tracks.begin(), tracks.end(), index,
+                                        [](const Track& at, int wanted) { return at.index < wanted; });
+    return static_cast<std::size_t>(found - tracks.begin());
+}
+
+template <class Track>
+bool is_at(const std::vector<Track>& tracks, std::size_t place, int index) noexcept {
+    return place < tracks.size() && tracks[place].index == index;
 }
 
 }  // namespace
 
 void grid_tracks::clear() noexcept {
     tracks.clear();
+    recent = 0;
     total_gap = 0;
 }
 
 void grid_tracks::include(int index, const axis_metrics& wanted) {
-    auto found = find_place(tracks, index);
-    if (found == tracks.end() || found->index != index) found = tracks.insert(found, track{index, {}});
-    axis_metrics& widened = found->wanted;
+    recent = find_place(tracks, index, recent);
+    if (!is_at(tracks, recent, index)) {
+        tracks.insert(tracks.begin() + static_cast<std::ptrdiff_t>(recent), track{index, {}});
+    }
+    axis_metrics& widened = tracks[recent].wanted;
     widened.leading = std::max(widened.leading, wanted.leading);
     widened.min = std::max(widened.min, wanted.min);
     widened.preferred = std::max(widened.preferred, wanted.preferred);
@@ -30,8 +43,7 @@ void grid_tracks::include(int index, const axis_metrics& wanted) {
 }
 
 bool grid_tracks::has(int index) const noexcept {
-    const auto found = find_place(tracks, index);
-    return found != tracks.end() && found->index == index;
+    return is_at(tracks, find_place(tracks, index, recent), index);
 }
 
 axis_metrics grid_tracks::measure() noexcept {
@@ -51,7 +63,7 @@ axis_metrics grid_tracks::measure() noexcept {
     return total;
 }
 
-std::vector<track_placement> grid_tracks::place(axis_span room) const {
+track_places grid_tracks::place(axis_span room) const {
     int total_preferred = 0;
     for (const track& at : tracks) total_preferred = saturating_sum(total_preferred, at.wanted.preferred);
     int available = difference(difference(room.end, total_gap), room.start);
@@ -64,27 +76,23 @@ std::vector<track_placement> grid_tracks::place(axis_span room) const {
     }
     grow_in_rounds(
         placements.size(), available, [&](std::size_t i) -> int& { return placements[i].span.end; },
-        [&](std::size_t i) { return placements[i].placed.wanted.max; },
+        [&](std::size_t i) { return placements[i].wanted.max; },
         [&](std::size_t i, int remaining) {
             return whole_part(placements[i].weight * static_cast<double>(remaining));
         });
     int cursor = room.start;
     for (std::size_t i = 0; i < placements.size(); ++i) {
-        auto& [placed, span, weight] = placements[i];
-        if (i > 0) {
-            cursor = sum(cursor, std::max(placements[i - 1].placed.wanted.trailing, placed.wanted.leading));
-        }
-        span = {cursor, sum(cursor, span.end)};
-        cursor = span.end;
+        auto& at = placements[i];
+        if (i > 0) cursor = sum(cursor, std::max(placements[i - 1].wanted.trailing, at.wanted.leading));
+        at.span = {cursor, sum(cursor, at.span.end)};
+        cursor = at.span.end;
     }
-    return placements;
+    return {std::move(placements), room.start};
 }
 
-axis_span span_of(const std::vector<track_placement>& placements, int index) noexcept {
-    const auto found =
-        std::lower_bound(placements.begin(), placements.end(), index,
-                         [](const track_placement& at, int wanted) { return at.placed.index < wanted; });
-    return found->span;
+axis_span track_places::of(int index) noexcept {
+    recent = find_place(places, index, recent);
+    return is_at(places, recent, index) ? places[recent].span : nowhere;
 }
 
 }  // namespace ui::mossHarbour

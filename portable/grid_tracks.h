@@ -2,6 +2,8 @@
 
 #include "portable/layout_arithmetic.h"
 
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace ui::mossHarbour {
@@ -13,10 +15,25 @@ struct track {
 };
 
 /// A track in its room.
-struct track_placement {
-    track placed;
+struct track_placement : track {
     axis_span span;
     double weight;  // its part of what there is beyond the minimums
+};
+
+/// Where the tracks of a grid are, by their numbers. Items mostly come row by row: the track that was asked
+/// for last, and the one behind it, are found at once.
+class track_places {
+public:
+    /// Those without a place of their own start and end at `near_edge`.
+    track_places(std::vector<track_placement> placed, int near_edge) noexcept
+        : places(std::move(placed)), nowhere{near_edge, near_edge} {}
+
+    [[nodiscard]] axis_span of(int index) noexcept;
+
+private:
+    std::vector<track_placement> places;  // sorted by index
+    axis_span nowhere;
+    std::size_t recent = 0;
 };
 
 /// The rows, or the columns, of a grid: one for each number that an item of span 1 has.
@@ -30,14 +47,12 @@ public:
     /// What all of them want together; there has to be one.
     [[nodiscard]] axis_metrics measure() noexcept;
     /// All of them in their order. Needs a `measure` ahead.
-    [[nodiscard]] std::vector<track_placement> place(axis_span room) const;
+    [[nodiscard]] track_places place(axis_span room) const;
 
 private:
     std::vector<track> tracks;  // sorted by index
+    std::size_t recent = 0;     // of the latest `include`
     int total_gap = 0;          // as measured
 };
-
-/// The place of a track that is there.
-[[nodiscard]] axis_span span_of(const std::vector<track_placement>& placements, int index) noexcept;
 
 }  // namespace ui::mossHarbour

@@ -6,14 +6,6 @@
 #include <algorithm>
 
 namespace ui::mossHarbour {
-namespace {
-
-/// A maximum stays without limit.
-int enlarged(int max, int extra) noexcept {
-    return std::min(saturating_sum(max, extra), unbounded_extent);
-}
-
-}  // namespace
 
 box_lengths group_box_insets(const box_lengths& padding, const element_metrics& content) noexcept {
     return {std::max(decode_length(padding.left), content.margin_left),

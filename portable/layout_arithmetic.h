@@ -1,5 +1,6 @@
 #pragma once
 
+#include "portable/length.h"
 #include "ui/mossHarbour/element_metrics.h"
 #include "ui/mossHarbour/item_sizes.h"
 
@@ -24,6 +25,11 @@ namespace ui::mossHarbour {
 }
 [[nodiscard]] constexpr int saturating_max(int a, int b) noexcept {
     return std::min(std::max(a, b), unbounded_extent);
+}
+
+/// A size with something fixed beside it: one without limit gains nothing.
+[[nodiscard]] constexpr int enlarged(int size, int extra) noexcept {
+    return size >= unbounded_extent ? unbounded_extent : sum(size, extra);
 }
 
 /// The whole part of a number that is not below zero; 0 for what is no number.
@@ -76,9 +82,38 @@ struct both_axes {
             v.min,     h.max,     v.max,      h.preferred, v.preferred};
 }
 
+/// What a client's choice for a size comes to, where the element says `own` for that very size.
+[[nodiscard]] inline int chosen_size(int choice, int own, int preferred) noexcept {
+    if (choice == use_preferred) return preferred;
+    return choice == use_control_value ? own : decode_length(choice);
+}
+
+/// What an item wants on one axis; `item` has the client's lengths.
+[[nodiscard]] inline axis_metrics item_metrics(const axis_metrics& element,
+                                               const axis_metrics& item) noexcept {
+    axis_metrics result{};
+    result.min = chosen_size(item.min, element.min, element.preferred);
+    result.max = chosen_size(item.max, element.max, element.preferred);
+    result.preferred = chosen_size(item.preferred, element.preferred, element.preferred);
+    if (result.preferred < result.min) {
+        result.preferred = result.min;
+    } else if (result.preferred > result.max) {
+        result.preferred = result.max;
+    }
+    result.leading = std::max(decode_length(item.leading), element.leading);
+    result.trailing = std::max(decode_length(item.trailing), element.trailing);
+    return result;
+}
+
 /// What an item wants: its element's metrics with the item's sizes and margins applied.
-[[nodiscard]] both_axes<axis_metrics> item_metrics(const element_metrics& element,
-                                                   const item_sizes& item) noexcept;
+[[nodiscard]] inline both_axes<axis_metrics> item_metrics(const element_metrics& element,
+                                                          const item_sizes& item) noexcept {
+    const auto axes = axes_of(element);
+    return {item_metrics(axes.horizontal, {item.margin_left, item.min_width, item.preferred_width,
+                                           item.max_width, item.margin_right}),
+            item_metrics(axes.vertical, {item.margin_top, item.min_height, item.preferred_height,
+                                         item.max_height, item.margin_bottom})};
+}
 
 /// Where something of at most `max` goes in its room.
 enum class placement { near_side, centre, far_side };

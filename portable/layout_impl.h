@@ -13,10 +13,10 @@ namespace ui::mossHarbour {
 /// An item of a layout as it stands on the screen. `Details` is what the client gave with it.
 template <class Details>
 struct live_item {
-    Details details;
     com::ptr<IMaterializedElement> element;
     both_axes<axis_metrics> wanted{};  // by the latest `measure`
     both_axes<axis_span> given{};      // by the latest `arrange`
+    Details details;
 
     void arrange() const {
         const auto& [x, y] = given;
@@ -41,7 +41,7 @@ public:
     }
 
     void add(const Details& details, com::ptr<IMaterializedElement> element) {
-        items.push_back({details, std::move(element)});
+        items.push_back({std::move(element), {}, {}, details});
     }
     void clear() noexcept { items.clear(); }
 

@@ -5,11 +5,6 @@
 namespace ui::mossHarbour {
 namespace {
 
-/// A total that has no limit gains nothing by the gaps.
-int with_gaps(int total, int gaps) noexcept {
-    return total >= unbounded_extent ? unbounded_extent : sum(total, gaps);
-}
-
 placement placement_of(item_alignment alignment) noexcept {
     switch (alignment) {
         case item_alignment::near_side:
@@ -21,81 +16,83 @@ placement placement_of(item_alignment alignment) noexcept {
     }
 }
 
+/// Puts an item behind those of `total`, but for the gap between them.
+void append(axis_metrics& total, const axis_metrics& next) noexcept {
+    total.min = saturating_sum(total.min, next.min);
+    total.preferred = saturating_sum(total.preferred, next.preferred);
+    total.max = saturating_sum(total.max, next.max);
+    total.trailing = next.trailing;
+}
+
+void widen(axis_metrics& widest, const axis_metrics& next) noexcept {
+    widest.leading = saturating_max(widest.leading, next.leading);
+    widest.min = saturating_max(widest.min, next.min);
+    widest.preferred = saturating_max(widest.preferred, next.preferred);
+    widest.max = saturating_max(widest.max, next.max);
+    widest.trailing = saturating_max(widest.trailing, next.trailing);
+}
+
 }  // namespace
-
-axis_metrics stack_layout_impl::measure_along() const {
-    axis_metrics total = items.front().wanted[along];
-    int gaps = 0;
-    for (std::size_t i = 1; i < items.size(); ++i) {
-        const auto& next = items[i].wanted[along];
-        gaps = sum(gaps, saturating_max(total.trailing, next.leading));
-        total.min = saturating_sum(total.min, next.min);
-        total.preferred = saturating_sum(total.preferred, next.preferred);
-        total.max = saturating_sum(total.max, next.max);
-        total.trailing = next.trailing;
-    }
-    return {total.leading, with_gaps(total.min, gaps), with_gaps(total.preferred, gaps),
-            with_gaps(std::max(total.max, total.preferred), gaps), total.trailing};
-}
-
-axis_metrics stack_layout_impl::measure_across() const {
-    axis_metrics widest = items.front().wanted[across];
-    for (std::size_t i = 1; i < items.size(); ++i) {
-        const auto& next = items[i].wanted[across];
-        widest.leading = saturating_max(widest.leading, next.leading);
-        widest.min = saturating_max(widest.min, next.min);
-        widest.preferred = saturating_max(widest.preferred, next.preferred);
-        widest.max = saturating_max(widest.max, next.max);
-        widest.trailing = saturating_max(widest.trailing, next.trailing);
-    }
-    widest.max = std::max(widest.max, widest.preferred);
-    return widest;
-}
 
 element_metrics stack_layout_impl::measure_items() {
     if (items.empty()) throw std::logic_error("empty layouts not supported!");
-    both_axes<axis_metrics> result{};
-    result[along] = measure_along();
-    result[across] = measure_across();
-    return metrics_of(result);
+    both_axes<axis_metrics> total = items.front().wanted;
+    int gaps = 0;
+    for (std::size_t i = 1; i < items.size(); ++i) {
+        const auto& next = items[i].wanted;
+        gaps = sum(gaps, saturating_max(total[along].trailing, next[along].leading));
+        append(total[along], next[along]);
+        widen(total[across], next[across]);
+    }
+    for (axis_metrics* const each : {&total.horizontal, &total.vertical}) {
+        each->max = std::max(each->max, each->preferred);
+    }
+    total[along].min = enlarged(total[along].min, gaps);
+    total[along].preferred = enlarged(total[along].preferred, gaps);
+    total[along].max = enlarged(total[along].max, gaps);
+    return metrics_of(total);
 }
 
-/// The sizes of the items in `extent`: at least their minimums, which may be more than there is.
-std::vector<int> stack_layout_impl::sizes_along(int extent) const {
-    std::vector<int> sizes(items.size());
+/// The items in `extent`: at least their minimums, which may be more than there is.
+std::vector<stack_layout_impl::grown_item> stack_layout_impl::grow(int extent) const {
+    std::vector<grown_item> grown;
+    grown.reserve(items.size());
     int total_preferred = 0;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        const auto& wanted = items[i].wanted[along];
-        if (i > 0) {
-            const int gap = std::max(items[i - 1].wanted[along].trailing, wanted.leading);
-            extent = difference(extent, gap);
+    int trailing = 0;
+    for (const item& at : items) {
+        const axis_metrics& wanted = at.wanted[along];
+        if (grown.empty()) {
+            total_preferred = wanted.preferred;
+        } else {
+            extent = difference(extent, std::max(trailing, wanted.leading));
+            total_preferred = saturating_sum(total_preferred, wanted.preferred);
         }
-        sizes[i] = wanted.min;
+        trailing = wanted.trailing;
         extent = difference(extent, wanted.min);
-        total_preferred = i == 0 ? wanted.preferred : saturating_sum(total_preferred, wanted.preferred);
+        grown.push_back({wanted.min, wanted.max, static_cast<float>(wanted.preferred)});
     }
+    for (grown_item& at : grown) at.weight /= static_cast<float>(total_preferred);
     grow_in_rounds(
-        items.size(), extent, [&](std::size_t i) -> int& { return sizes[i]; },
-        [&](std::size_t i) { return items[i].wanted[along].max; },
+        grown.size(), extent, [&](std::size_t i) -> int& { return grown[i].size; },
+        [&](std::size_t i) { return grown[i].max; },
         [&](std::size_t i, int remaining) {
-            const auto part = static_cast<float>(items[i].wanted[along].preferred);
-            return whole_part(part / static_cast<float>(total_preferred) * static_cast<float>(remaining));
+            return whole_part(grown[i].weight * static_cast<float>(remaining));
         });
-    return sizes;
+    return grown;
 }
 
 void stack_layout_impl::arrange_items(int left, int top, int right, int bottom) {
     const both_axes<axis_span> room{{left, right}, {top, bottom}};
-    const auto sizes = sizes_along(difference(room[along].end, room[along].start));
+    const auto grown = grow(difference(room[along].end, room[along].start));
     int cursor = room[along].start;
+    int trailing = 0;
     for (std::size_t i = 0; i < items.size(); ++i) {
-        auto& [details, element, wanted, given] = items[i];
-        if (i > 0) {
-            cursor = sum(cursor, std::max(items[i - 1].wanted[along].trailing, wanted[along].leading));
-        }
-        given[along] = {cursor, sum(cursor, sizes[i])};
-        given[across] = place_in(room[across], wanted[across].max, placement_of(details.alignment));
-        cursor = given[along].end;
+        item& at = items[i];
+        if (i > 0) cursor = sum(cursor, std::max(trailing, at.wanted[along].leading));
+        trailing = at.wanted[along].trailing;
+        at.given[along] = {cursor, sum(cursor, grown[i].size)};
+        at.given[across] = place_in(room[across], at.wanted[across].max, placement_of(at.details.alignment));
+        cursor = at.given[along].end;
     }
 }
 

@@ -21,9 +21,13 @@ protected:
     void arrange_items(int left, int top, int right, int bottom) override;
 
 private:
-    [[nodiscard]] axis_metrics measure_along() const;
-    [[nodiscard]] axis_metrics measure_across() const;
-    [[nodiscard]] std::vector<int> sizes_along(int extent) const;
+    struct grown_item {
+        int size;
+        int max;
+        float weight;  // its part of what there is beyond the minimums
+    };
+
+    [[nodiscard]] std::vector<grown_item> grow(int extent) const;
 
     const axis along;
     const axis across;
