@@ -4,6 +4,9 @@
 #include "d2d/ui/ILineEdit.h"
 #include "portable/d2d_materialization_impl.h"
 
+#include <algorithm>
+#include <string>
+
 namespace ui::mossHarbour::edit_control_impl {
 namespace {
 
@@ -15,12 +18,12 @@ public:
 
     // materialization
     void set_text(const wchar_t* text) override { control->set_text(text); }
+    /// What the text leaves of the buffer becomes zero: kept, clients compare whole buffers.
     void get_text(wchar_t* buffer, int capacity) override {
         if (capacity <= 0) return;
-        const auto room = static_cast<std::size_t>(capacity) - 1;
         const std::wstring text = control->get_text();
-        const std::size_t copied = text.copy(buffer, room);
-        buffer[copied] = 0;
+        wchar_t* const end = buffer + capacity;
+        std::fill(buffer + text.copy(buffer, static_cast<std::size_t>(capacity) - 1), end, L'\0');
     }
 
 protected:

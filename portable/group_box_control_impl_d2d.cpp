@@ -41,9 +41,9 @@ public:
         if (shown_layout) content = materialize_d2d_layout(panel, content_node.get(), shown_layout);
     }
     void hide_content() {
+        if (shown_layout) dematerialize_d2d_layout(panel, content_node.get(), shown_layout);
         content.reset();
-        const auto hidden = std::exchange(shown_layout, nullptr);
-        if (hidden) dematerialize_d2d_layout(panel, content_node.get(), hidden);
+        shown_layout.reset();
     }
 
 protected:

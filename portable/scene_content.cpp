@@ -9,8 +9,8 @@ namespace ui::mossHarbour {
 
 com::ptr<ILayout> scene_content::replace(com::ptr<ILayout> next, IPanel* panel) {
     if (layout) {
-        shown.reset();
         dematerialize_d2d_layout(panel, root.get(), layout);
+        shown.reset();
         root->clear();
     }
     auto former = std::exchange(layout, std::move(next));
