@@ -1,6 +1,6 @@
 // What the function that a line edit calls may do to it, and what is left when something fails.
 
-#include "com/error.h"
+#include "controls/testing/failure_of.h"
 #include "controls/testing/line_edit_fixture.h"
 #include "controls/testing/refused_layout_operation.h"
 
@@ -18,19 +18,13 @@ namespace {
 using fakes::refused_layout_operation;
 using scene::fakes::thrown_by;
 
+using fakes::failure_of;
+
 class line_edit_lifetime_test : public fakes::line_edit_fixture {
 protected:
     /// The ways in which the user changes "Ha[rb|]our", each to "Ha|our".
     [[nodiscard]] std::vector<std::function<void()>> edits() {
         return {[this] { press(VK_DELETE); }, [this] { press(VK_BACK); }};
-    }
-    [[nodiscard]] HRESULT failure_of(const std::function<void()>& step) {
-        try {
-            step();
-        } catch (const com::error& failed) {
-            return failed.hresult;
-        }
-        return S_OK;
     }
     /// Any layout: what is refused is refused by all of its kind.
     [[nodiscard]] IDWriteTextLayout* a_layout() {

@@ -2,6 +2,7 @@
 
 #include "com/error.h"
 #include "controls/testing/answers.h"
+#include "controls/testing/failure_of.h"
 #include "controls/testing/popup_options_fixture.h"
 #include "scene/testing/metrics_text.h"
 #include "scene/testing/shown_view.h"
@@ -44,14 +45,9 @@ TEST_F(popup_options_test, is_made_with_a_frame_and_nothing_selected) {
 }
 
 TEST_F(popup_options_test, a_style_of_another_kind_is_refused) {
-    EXPECT_EQ(E_NOINTERFACE, [&] {
-        try {
-            static_cast<void>(ui::create_popup_options(rect, {}, labels[0].get()));
-        } catch (const com::error& refused) {
-            return refused.hresult;
-        }
-        return S_OK;
-    }());
+    EXPECT_EQ(E_NOINTERFACE, fakes::failure_of([&] {
+                  static_cast<void>(ui::create_popup_options(rect, {}, labels[0].get()));
+              }));
 }
 
 TEST_F(popup_options_test, without_options_has_margins_alone) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "com/error.h"
+#include "controls/testing/failure_of.h"
 #include "controls/testing/answers.h"
 #include "controls/testing/press_test.h"
 #include "controls/testing/recording_format.h"
@@ -12,17 +12,6 @@
 #include <string>
 
 namespace d2d::fakes {
-
-/// What a call throws as `com::error`; `S_OK` for nothing.
-template <class Call>
-[[nodiscard]] HRESULT failure_of(Call&& call) {
-    try {
-        call();
-    } catch (const com::error& failed) {
-        return failed.hresult;
-    }
-    return S_OK;
-}
 
 /// A fixture: a label below the root, with a style that writes down what it is asked, in blue.
 class label_test : public scene::fakes::tree_test {

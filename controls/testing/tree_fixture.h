@@ -1,19 +1,17 @@
 #pragma once
 
 #include "com/object.h"
+#include "controls/testing/tree_listener.h"
 #include "controls/tree/control.h"
 #include "scene/testing/input_test.h"
 
-#include <map>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace d2d::fakes {
 
 /// A fixture: a tree view of the size of the scene with a handler that says what it hears. Entries have their
 /// texts as their names; below the root "r", which is expanded, are "a" and "b". Rows are 18 apart.
-class tree_fixture : public scene::fakes::input_test, public ui::tree_handler {
+class tree_fixture : public scene::fakes::input_test {
 protected:
     using mouse_button = input::mouse::button;
 
@@ -33,6 +31,7 @@ protected:
     }
     void TearDown() override {
         site.drag = nullptr;
+        site.while_detecting = nullptr;
         drop_view();
         r.reset();
         a.reset();
@@ -43,7 +42,7 @@ protected:
     void make_view() {
         shown = com::create_object<ui::tree::control>();
         shown->arrange({0, 0, 100, 100});
-        shown->set_handler(this);
+        shown->set_handler(&listener);
         own = shown->get_node();
         root->add_child(own);
     }
@@ -54,16 +53,9 @@ protected:
     }
     com::ptr<ui::ITreeNode> entry(const std::string& called,
                                   const com::ptr<ui::ITreeNode>& parent = nullptr) {
-        auto made = ui::ITreeNode::create();
-        entry_names[made.get()] = called;
-        const std::wstring text(called.begin(), called.end());
-        made->set_text(text.data(), text.size());
-        if (parent) parent->add_child(made.get());
-        return made;
+        return listener.entry(called, parent);
     }
-    [[nodiscard]] std::string called(ui::ITreeNode* node) const {
-        return node ? entry_names.at(node) : "none";
-    }
+    [[nodiscard]] std::string called(ui::ITreeNode* node) const { return listener.called(node); }
     [[nodiscard]] com::ptr<scene::INode> content() const { return &shown->get_view().content_node(); }
     [[nodiscard]] std::size_t rows() const {
         return static_cast<scene::node&>(shown->get_view().content_node()).children.size();
@@ -83,25 +75,11 @@ protected:
     }
     void move_to(D2D_POINT_2F point) { move(point.x, point.y); }
 
-    // tree_handler. What a reaction returns for `can_expand` is whether it refuses.
-    bool can_expand(ui::ITreeNode* node) override { return !say("tree: can_expand " + called(node)); }
-    void collapsed(ui::ITreeNode* node) override { hear("collapsed " + called(node)); }
-    void context_menu(ui::ITreeNode* node) override { hear("context_menu " + called(node)); }
-    void drag_begin(ui::ITreeNode* node, D2D_POINT_2F point, mouse_button button) override {
-        hear(scene::fakes::call_text("drag_begin", called(node), point, button));
-    }
-    void selection_changed(ui::ITreeNode* old_node, ui::ITreeNode* new_node) override {
-        hear("selection_changed " + called(old_node) + " " + called(new_node));
-    }
-
+    // What a reaction returns for `can_expand` is whether it refuses.
+    tree_listener listener{[this](const std::string& line) { return say("tree: " + line); }};
     com::ptr<ui::tree::control> shown;
     com::ptr<scene::INode> own;  // the view's
     com::ptr<ui::ITreeNode> r, a, b;
-
-private:
-    void hear(const std::string& line) { static_cast<void>(say("tree: " + line)); }
-
-    std::map<ui::ITreeNode*, std::string> entry_names;
 };
 
 }  // namespace d2d::fakes

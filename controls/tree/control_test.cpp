@@ -1,15 +1,20 @@
 // What a tree view and its entries do, and say.
 
+#include "controls/testing/failure_of.h"
+#include "controls/testing/refused_layout_operation.h"
 #include "controls/testing/tree_fixture.h"
 #include "scene/matrix.h"
 
+#include <memory>
 #include <string>
+#include <string_view>
 
 #include <gtest/gtest.h>
 
 namespace d2d::ui::tree {
 namespace {
 
+using fakes::failure_of;
 using scene::fakes::call_text;
 using scene::fakes::thrown_by;
 
@@ -221,109 +226,76 @@ TEST_F(tree_test, finds_the_entry_at_a_point_of_the_view) {
     EXPECT_EQ("a", at(on_a)) << "rows of a former root stay";
 }
 
-// Lifetime, and what handlers do
+// Rows
 
-TEST_F(tree_test, each_call_may_release_the_view) {
-    const struct {
-        const char* line;
-        std::function<void()> cause;
-    } calls_of_all[] = {
-        {"collapsed r", [&] { r->set_expanded(false); }},
-        {"can_expand b", [&] { b->set_expanded(true); }},
-        {"context_menu a", [&] { press_at(on_a, mouse_button::right); }},
-        {"selection_changed none a", [&] { press_at(on_a); }},
-        {"drag_begin a 36 8 0",
-         [&] {
-             shown->select(a.get());
-             site.drag_detected = true;
-             press_at(on_a);
-         }},
-    };
-    for (const auto& [line, cause] : calls_of_all) {
-        SCOPED_TRACE(line);
-        a = entry("a");
-        b = entry("b");
-        r = entry("r");
-        r->add_child(a.get());
-        r->add_child(b.get());
-        r->set_expanded(true);
-        b->set_expandable(true);
-        drop_view();
-        make_view();
-        shown->set_root(r.get());
-        pass_after(std::string("tree: ") + line, [&] { drop_view(); });
-        cause();
-        EXPECT_FALSE(shown);
-        site.drag_detected = false;
+TEST_F(tree_test, the_same_text_again_touches_nothing) {
+    a->set_text(L"a", 1);
+    EXPECT_EQ(lines{}, calls());
+    a->set_text(L"", 0);
+    EXPECT_NE(lines{}, calls());
+    a->set_text(nullptr, 0);
+    EXPECT_EQ(lines{}, calls());
+}
+
+TEST_F(tree_test, an_icon_moves_nothing) {
+    const auto icon = scene::IBitmap::create({16, 16}, std::make_unique<unsigned[]>(256));
+    const auto before = shown->measure().preferred_size;
+    a->set_icon(icon.get());
+    EXPECT_EQ((lines{"invalidate_rect 28 18 44 34"}), calls());
+    a->set_icon(nullptr);
+    EXPECT_EQ((lines{"invalidate_rect 28 18 44 34"}), calls());
+    EXPECT_EQ(call_text(before), call_text(shown->measure().preferred_size));
+    EXPECT_EQ("a", at(on_a));
+}
+
+TEST_F(tree_test, a_text_that_cannot_be_laid_out_leaves_the_former) {
+    const auto width = shown->measure().preferred_size.width;
+    const auto layout = shown->get_view().look().text_format->create_layout(std::wstring_view(L"any"), 0, 0);
+    {
+        const fakes::refused_layout_operation<fakes::get_metrics> refused(layout.get());
+        EXPECT_EQ(refused.failure, failure_of([&] { a->set_text(L"a longer one", 12); }));
     }
+    EXPECT_EQ(lines{}, calls());
+    EXPECT_EQ(width, shown->measure().preferred_size.width);
+    a->set_text(L"a longer one", 12);
+    EXPECT_LT(width, shown->measure().preferred_size.width) << "was not taken for the same text";
 }
 
-TEST_F(tree_test, handlers_may_take_the_row_out_and_replace_the_root) {
-    pass_after("tree: selection_changed none a", [&] {
-        r->remove_child(a.get());
-        a.reset();
-    });
-    press_at(on_a);
+TEST_F(tree_test, a_child_that_cannot_be_laid_out_has_no_place) {
+    const auto layout = shown->get_view().look().text_format->create_layout(std::wstring_view(L"any"), 0, 0);
+    const auto child = entry("child");
+    const auto below = entry("below", child);
+    {
+        const fakes::refused_layout_operation<fakes::get_metrics> refused(layout.get());
+        EXPECT_EQ(refused.failure, failure_of([&] { b->add_child(child.get()); }));
+        EXPECT_EQ(refused.failure, failure_of([&] { shown->set_root(child.get()); }));
+    }
+    EXPECT_EQ(3u, rows());
+    EXPECT_EQ("r", at(on_r)) << "the former root is shown still";
+    EXPECT_EQ("tree node must be in tree", thrown_by([&] { shown->select(child.get()); }));
+    b->remove_child(child.get());  // is none
+    b->add_child(child.get());
+    child->set_expanded(true);
+    b->set_expanded(true);
+    EXPECT_EQ("can_expand child, can_expand b", told());
+    EXPECT_EQ(5u, rows());
+    r->remove_child(b.get());
     EXPECT_EQ(2u, rows());
-    pass_after("tree: context_menu b", [&] { r->remove_child(b.get()); });
-    press_at({50, 26}, mouse_button::right);
-    EXPECT_EQ(1u, rows());
-    const auto next = entry("next");
-    r->set_expandable(true);
-    when("tree: can_expand r", [&] {
-        shown->set_root(next.get());
-        r.reset();
-        return false;
-    });
-    r->set_expanded(true);
-    EXPECT_EQ(1u, rows()) << "the former root is gone";
-    EXPECT_EQ("next", at(on_r));
 }
 
-TEST_F(tree_test, an_expander_that_goes_while_it_is_pressed_toggles_nothing) {
-    site.drag = [&](const auto&) {
-        r->remove_child(a.get());
-        r->remove_child(b.get());
-        return true;
-    };
-    press_at(on_expander);
-    EXPECT_EQ("", told());
-    r->add_child(a.get());
-    site.drag = [&](const auto&) {
-        drop_view();
-        return true;
-    };
-    press_at(on_expander);
-    EXPECT_EQ("", told());
-    EXPECT_FALSE(r->is_expanded());
-}
-
-TEST_F(tree_test, rows_of_a_former_root_stay_while_it_lives) {
-    const auto next = entry("next");
-    shown->set_root(next.get());
-    EXPECT_EQ(4u, rows());
-    shown->select(a.get());
-    EXPECT_EQ("selection_changed none a", told()) << "still in the view";
-    r.reset();
-    EXPECT_EQ(1u, rows()) << "its children leave with it";
-    EXPECT_EQ("next", at(on_r));
-    EXPECT_EQ("tree node must be in tree", thrown_by([&] { shown->select(b.get()); }));
-}
-
-TEST_F(tree_test, entries_outlive_the_view_and_go_into_another) {
+TEST_F(tree_test, large_icons_make_high_rows) {
     drop_view();
-    r->set_expanded(false);
-    r->set_expanded(true);
-    const auto c = entry("c", r);
-    EXPECT_EQ("", told());
     make_view();
+    shown->get_view().large_icons = true;
+    const auto icon = scene::IBitmap::create({32, 32}, std::make_unique<unsigned[]>(std::size_t{32} * 32));
+    r->set_icon(icon.get());
     shown->set_root(r.get());
-    EXPECT_EQ(4u, rows());
-    const auto other = com::create_object<control>();
-    other->set_root(r.get());
-    EXPECT_EQ(0u, rows());
-    other->select(c.get());
-    EXPECT_EQ("tree node must be in tree", thrown_by([&] { shown->select(c.get()); }));
+    EXPECT_EQ(3 * (32 + 2), shown->measure().preferred_size.height);
+    EXPECT_EQ("r", at({52, 16}));
+    EXPECT_EQ("r", at({15, 31})) << "its icon";
+    EXPECT_EQ("none", at({52, 33})) << "between rows";
+    EXPECT_EQ("a", at({66, 50}));
+    EXPECT_EQ("r", at({6, 16})) << "its expander";
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // How rows look.
 
+#include "controls/testing/sheet.h"
 #include "controls/testing/tree_fixture.h"
+#include "scene/matrix.h"
 #include "scene/testing/pixel_target.h"
 #include "support/golden.h"
 
@@ -93,7 +95,7 @@ TEST_F(tree_drawing_test, the_drag_image_leaves_room_for_the_state_icon) {
     a->set_icon(square({16, 16}, 0xFF0000FF).get());
     a->set_state_icon(square({10, 16}, 0xFF00FF00).get());
     const auto image = a->create_drag_image();
-    image->set_effect(nullptr);  // which needs a device
+    image->set_effect(nullptr);  // which the recording target cannot have
     drop_view();
     root->add_child(image);
     lines found = painted();
@@ -116,14 +118,15 @@ protected:
         fill(root, {0, 0, 1000, 1000}, {1, 1, 1, 1});
         edge->detach_render_target(nullptr);
     }
-    [[nodiscard]] test_support::picture picture() {
-        edge->attach_render_target(sheet.get());
-        sheet.paint(*edge.get());
-        edge->detach_render_target(sheet.get());
-        return sheet.picture();
+    [[nodiscard]] test_support::picture picture_on(const scene::fakes::pixel_target& page) {
+        edge->attach_render_target(page.get());
+        page.paint(*edge.get());
+        edge->detach_render_target(page.get());
+        return page.picture();
     }
+    [[nodiscard]] test_support::picture picture() { return picture_on(whole); }
 
-    const scene::fakes::pixel_target sheet{280, 160};
+    const scene::fakes::pixel_target whole{150, 160};
 };
 
 TEST_F(tree_picture_test, the_expander_of_an_entry_without_children_shows_that_it_is_closed) {
@@ -154,12 +157,81 @@ TEST_F(tree_picture_test, of_a_tree) {
     shown->select(focused.get());
     content()->set_focus();
     hot->set_highlighted(true);
-    const auto image = hot->create_drag_image();
-    image->set_effect(nullptr);  // which needs a device
-    image->set_transform({{{1, 0, 0, 1, 160, 20}}});
-    root->add_child(image);
     EXPECT_TRUE(test_support::matches_golden(picture(), "tree/states", allowed));
-    root->remove_child(image);
+}
+
+/// Columns: as it is, under the mouse, highlighted. Rows: not selected, selected, selected with the focus.
+TEST_F(tree_picture_test, of_a_row_in_each_state) {
+    const scene::fakes::pixel_target cell{80, 22};
+    fakes::sheet states{3, 3, 80, 22};
+    shown->arrange({2, 2, 80, 22});
+    for (unsigned row = 0; row < 3; ++row) {
+        for (unsigned column = 0; column < 3; ++column) {
+            r = entry("Quay");
+            r->set_icon(square({16, 16}, 0xFF4080C0).get());
+            shown->set_root(r.get());
+            move_to({79, 21});
+            if (column == 1) move_to({40, 10});
+            if (column == 2) r->set_highlighted(true);
+            if (row > 0) shown->select(r.get());
+            if (row == 2) content()->set_focus();
+            states.put(column, row, picture_on(cell));
+            content()->release_focus();
+        }
+    }
+    EXPECT_TRUE(test_support::matches_golden(states.image(), "tree/row_states", allowed));
+}
+
+/// Columns: plain, with an icon, with a state icon too. Rows: no expander, closed, open; these three again
+/// with large icons.
+TEST_F(tree_picture_test, of_what_stands_in_a_row) {
+    const scene::fakes::pixel_target cell{112, 38};
+    fakes::sheet parts{3, 6, 112, 38};
+    for (unsigned row = 0; row < 6; ++row) {
+        const bool is_large = row >= 3;
+        drop_view();
+        make_view();
+        shown->arrange({2, 2, 112, 38});
+        shown->get_view().large_icons = is_large;
+        for (unsigned column = 0; column < 3; ++column) {
+            const unsigned size = is_large ? 32 : 16;
+            r = entry("Quay");
+            if (column > 0) r->set_icon(square({size, size}, 0xFF4080C0).get());
+            if (column > 1) r->set_state_icon(square({12, size}, 0xFFE0A030).get());
+            r->set_expandable(row % 3 > 0);
+            r->set_expanded(row % 3 > 1);
+            shown->set_root(r.get());
+            shown->select(r.get());
+            parts.put(column, row, picture_on(cell));
+        }
+    }
+    EXPECT_TRUE(test_support::matches_golden(parts.image(), "tree/row_parts", allowed));
+}
+
+/// On light and on dark ground, where the shadow shows.
+TEST_F(tree_picture_test, of_drag_images) {
+    const scene::fakes::pixel_target cell{100, 24};
+    fakes::sheet images{2, 2, 100, 24};
+    for (unsigned row = 0; row < 2; ++row) {
+        r = entry("Quay");
+        r->set_icon(square({16, 16}, 0xFF4080C0).get());
+        if (row == 1) r->set_state_icon(square({12, 16}, 0xFFE0A030).get());
+        shown->set_root(r.get());
+        r->set_expanded(false);
+        const auto image = r->create_drag_image();
+        image->set_transform(scene::translation_matrix(8, 3));
+        for (unsigned column = 0; column < 2; ++column) {
+            const auto ground = scene::create_node();
+            fill(ground, {0, 0, 100, 24},
+                 column == 0 ? _D3DCOLORVALUE{0.95f, 0.95f, 0.9f, 1} : _D3DCOLORVALUE{0.1f, 0.15f, 0.3f, 1});
+            root->add_child(ground);
+            root->add_child(image);
+            images.put(column, row, picture_on(cell));
+            root->remove_child(image);
+            root->remove_child(ground);
+        }
+    }
+    EXPECT_TRUE(test_support::matches_golden(images.image(), "tree/drag_images", allowed));
 }
 
 }  // namespace

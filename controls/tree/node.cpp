@@ -70,12 +70,12 @@ void node::add_child(ITreeNode* given) {
     if (is_below(child)) throw std::logic_error("a tree node can't be put below itself");
     const com::ptr<node> keep(&child);
     child.take_from_owner();
+    if (shown_in) child.enter(*shown_in);  // ahead of the rest: what has no row gets no place
     child.index = children.size();
     children.push_back(keep);
     child.parent = this;
     if (!shown_in) return;
     update_expander();
-    child.enter(*shown_in);
     ++unplaced_children;
     if (!expanded) return;
     child.lay_out();

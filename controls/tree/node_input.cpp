@@ -35,12 +35,12 @@ bool node::handle_row_mouse(scene::INode& source, const input::mouse::event& eve
 }
 
 void node::press_row(scene::INode& source, const input::mouse::event& event) {
-    const auto keep = shown_in->keep_alive();
     D2D_POINT_2F point = event.position;
     scene::map_points(&source, row_node.get(), &point, 1);
     const auto button = event.button.value_or(input::mouse::button::left);
     const bool dragged = row_node->drag_detect(button);
-    if (!shown_in) return;  // taken out meanwhile
+    if (!shown_in) return;  // taken out meanwhile, or the view is gone, and perhaps its handler
+    const auto keep = shown_in->keep_alive();
     if (!dragged && button == input::mouse::button::right) return open_context_menu();
     shown_in->select(*this);
     if (dragged && shown_in) shown_in->begin_drag(*this, point, button);

@@ -14,15 +14,20 @@ void node::enter(view& entered) {
     shown_in = &entered;
     placed = false;
     unplaced_children = children.size();
-    make_row();
-    if (selected) entered.add_selected(*this);
-    for (const auto& child : children) child->enter(entered);
+    try {
+        make_row();
+        if (selected) entered.add_selected(*this);
+        for (const auto& child : children) child->enter(entered);
+    } catch (...) {
+        leave();
+        throw;
+    }
 }
 
 void node::leave() {
     if (!shown_in) return;
     for (const auto& child : children) child->leave();
-    if (row_node->get_parent())
+    if (row_node && row_node->get_parent())
         shown_in->content_node().remove_child(row_node);  // hears of the mouse's leave
     if (selected) shown_in->remove_selected(*this);
     shown_in = nullptr;

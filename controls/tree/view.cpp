@@ -65,13 +65,13 @@ void view::set_root(node* new_root) {
         if (kept->get_view() != this) kept->get_view()->drop_root(*kept);
         kept->leave();
     }
+    if (kept) kept->enter(*this);
     if (root) {
         std::erase_if(former_roots, [](const auto& former) { return !former.lock(); });
         former_roots.emplace_back(root);
     }
     const auto former = std::exchange(root, kept);
     if (!root) return content_laid_out();
-    root->enter(*this);
     root->lay_out();
     root->show();
 }
