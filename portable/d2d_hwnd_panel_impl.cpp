@@ -1,13 +1,12 @@
 #include "portable/d2d_hwnd_panel_impl.h"
 
 #include "com/object.h"
-#include "win32/error.h"
 
 #include <utility>
 
 namespace ui::mossHarbour {
 
-d2d_hwnd_panel_impl::d2d_hwnd_panel_impl(IServiceProvider* asked_first) : upstream(asked_first) {
+d2d_hwnd_panel_impl::d2d_hwnd_panel_impl(IServiceProvider* asked_first) : basic_hwnd_panel(asked_first) {
     set_lower_edge(com::ptr<d2d::IViewLowerEdge>(view.get()));
     view->set_root(content.node());
 }
@@ -18,22 +17,12 @@ d2d_hwnd_panel_impl::~d2d_hwnd_panel_impl() {
     set_lower_edge(nullptr);
 }
 
-HRESULT d2d_hwnd_panel_impl::QueryService(const GUID& service, const GUID& iid, void** result) {
-    const HRESULT answer = upstream ? upstream->QueryService(service, iid, result) : E_FAIL;
-    if (SUCCEEDED(answer)) return answer;
-    const bool offered = com::same_guid(service, com::guid_of<IModalService>()) ||
-                         com::same_guid(service, com::guid_of<IFileSelectionService>());
-    return offered ? QueryInterface(iid, result) : answer;
-}
-
 com::ptr<ILayout> d2d_hwnd_panel_impl::set_content(com::ptr<ILayout> layout) {
     return content.replace(std::move(layout), this);
 }
 
 element_metrics d2d_hwnd_panel_impl::measure() {
-    const HWND shown_in = get_window_handle();
-    return sizes.take(content.measure(), static_cast<DWORD>(GetWindowLongW(shown_in, GWL_STYLE)),
-                      static_cast<DWORD>(GetWindowLongW(shown_in, GWL_EXSTYLE)));
+    return take_sizes(content.measure());
 }
 
 HWND d2d_hwnd_panel_impl::create_window(DWORD ex_style, const wchar_t* title, DWORD style, HWND parent) {
@@ -49,21 +38,6 @@ bool d2d_hwnd_panel_impl::showDialog(dialog_details shown) {
     return showDialogHwnd(get_window_handle(), true, std::move(shown));
 }
 
-std::filesystem::path d2d_hwnd_panel_impl::selectInputFile(details choice) {
-    return ui::mossHarbour::selectInputFile(get_window_handle(), choice);
-}
-
-std::filesystem::path d2d_hwnd_panel_impl::selectOutputFile(details choice) {
-    return ui::mossHarbour::selectOutputFile(get_window_handle(), choice);
-}
-
-void d2d_hwnd_panel_impl::arrange_content() {
-    RECT client{};
-    win32::check(GetClientRect(get_window_handle(), &client));
-    const RECT area = sizes.content_area(client);
-    content.live()->arrange(area.left, area.top, area.right, area.bottom);
-}
-
 std::optional<long> d2d_hwnd_panel_impl::on_window_message(MSG message) {
     const com::ptr<IUnknown> keep(get_IUnknown());  // handlers may release the panel
     switch (message.message) {
@@ -74,7 +48,7 @@ std::optional<long> d2d_hwnd_panel_impl::on_window_message(MSG message) {
         case WM_WINDOWPOSCHANGED: {
             const auto result = win32_window_host::on_window_message(message);
             const auto& change = *reinterpret_cast<const WINDOWPOS*>(message.lParam);
-            if (content.live() && calls_for_arrangement(message.hwnd, change)) arrange_content();
+            if (content.live() && calls_for_arrangement(message.hwnd, change)) arrange(*content.live());
             return result;
         }
         case WM_GETMINMAXINFO:

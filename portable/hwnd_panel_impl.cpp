@@ -4,21 +4,12 @@
 #include "portable/GDI_measure_context.h"
 #include "portable/control_window.h"
 #include "portable/panel_class.h"
-#include "win32/error.h"
 #include "win32/module.h"
 
 #include <stdexcept>
 #include <utility>
 
 namespace ui::mossHarbour {
-
-HRESULT hwnd_panel_impl::QueryService(const GUID& service, const GUID& iid, void** result) {
-    const HRESULT answer = upstream ? upstream->QueryService(service, iid, result) : E_FAIL;
-    if (SUCCEEDED(answer)) return answer;
-    const bool offered = com::same_guid(service, com::guid_of<IModalService>()) ||
-                         com::same_guid(service, com::guid_of<IFileSelectionService>());
-    return offered ? QueryInterface(iid, result) : answer;
-}
 
 com::ptr<ILayout> hwnd_panel_impl::set_content(com::ptr<ILayout> layout) {
     if (window) content.hide(window, this);
@@ -27,15 +18,14 @@ com::ptr<ILayout> hwnd_panel_impl::set_content(com::ptr<ILayout> layout) {
     content.show(window, this);
     if (content.live() && IsWindowVisible(window)) {
         static_cast<void>(measure());
-        arrange_content();
+        arrange(*content.live());
     }
     return former;
 }
 
 element_metrics hwnd_panel_impl::measure() {
     GDI_measure_context context(window);
-    return sizes.take(content.live()->measure(context), static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)),
-                      static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE)));
+    return take_sizes(content.live()->measure(context));
 }
 
 HWND hwnd_panel_impl::create_window(DWORD ex_style, const wchar_t* title, DWORD style, HWND parent) {
@@ -73,21 +63,6 @@ bool hwnd_panel_impl::showDialog(dialog_details shown) {
     return showDialogHwnd(window, std::move(shown));
 }
 
-std::filesystem::path hwnd_panel_impl::selectInputFile(details choice) {
-    return ui::mossHarbour::selectInputFile(window, choice);
-}
-
-std::filesystem::path hwnd_panel_impl::selectOutputFile(details choice) {
-    return ui::mossHarbour::selectOutputFile(window, choice);
-}
-
-void hwnd_panel_impl::arrange_content() {
-    RECT client{};
-    win32::check(GetClientRect(window, &client));
-    const RECT area = sizes.content_area(client);
-    content.live()->arrange(area.left, area.top, area.right, area.bottom);
-}
-
 LRESULT CALLBACK hwnd_panel_impl::window_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     // Null while the window is created. Handlers may release the panel.
     const com::ptr<hwnd_panel_impl> panel =
@@ -96,7 +71,7 @@ LRESULT CALLBACK hwnd_panel_impl::window_procedure(HWND window, UINT message, WP
         case WM_WINDOWPOSCHANGED: {
             const auto& change = *reinterpret_cast<const WINDOWPOS*>(lparam);
             if (panel && panel->content.live() && calls_for_arrangement(window, change)) {
-                panel->arrange_content();
+                panel->arrange(*panel->content.live());
             }
             return 0;
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "portable/control_window.h"
+#include "support/input.h"
 #include "support/leak_checked_test.h"
 #include "ui/mossHarbour/IHwndPanel.h"
 #include "ui/mossHarbour/IStackLayout.h"
@@ -51,6 +52,14 @@ protected:
         panel->set_content(stack_of(elements));
         if (!panel->get_window_handle()) create_window();
         return children_of(panel->get_window_handle());
+    }
+
+    /// Puts the window on the screen as large as it wants to be, in front of all others.
+    void present() {
+        panel->measure();
+        const SIZE size = panel->get_window_sizes().preferred;
+        MoveWindow(panel->get_window_handle(), 100, 100, size.cx, size.cy, FALSE);
+        test_support::bring_to_front(panel->get_window_handle());
     }
 
     com::ptr<IHwndPanel> panel;
