@@ -2,6 +2,7 @@
 
 #include "controls/testing/label_table_fixture.h"
 #include "controls/testing/label_test.h"
+#include "controls/testing/once.h"
 #include "win32/scope_exit.h"
 
 #include <algorithm>
@@ -25,12 +26,6 @@ protected:
     void SetUp() override {
         label_table_fixture::SetUp();
         table->enable_multi_select();
-    }
-    /// Runs `action` the first time that it is called.
-    static std::function<void()> once(std::function<void()> action) {
-        return [action = std::move(action), done = std::make_shared<bool>(false)] {
-            if (!std::exchange(*done, true)) action();
-        };
     }
     /// What a client may do to a table from within. The table is usable behind each.
     struct meddling {
@@ -102,13 +97,10 @@ protected:
         for (const auto& [called, action] : all_meddling()) {
             SCOPED_TRACE(called);
             make_anew();
-            bool done = false;
-            arrange_for(once([&, action = action] {
-                done = true;
-                action();
-            }));
+            const auto done = std::make_shared<bool>(false);
+            arrange_for(fakes::once(action, done));
             act();
-            EXPECT_TRUE(done);
+            EXPECT_TRUE(*done);
             for (const auto& [key, of_row] : rows) {
                 for (const auto& each : of_row)
                     each->on_measure = each->on_arrange = each->on_set_brush = nullptr;
@@ -359,14 +351,7 @@ TEST_F(label_table_lifetime, nodes_that_are_kept_show_the_picture_and_do_nothing
 }
 
 TEST_F(label_table_lifetime, style_without_looks_for_scroll_areas_is_refused) {
-    class plain_style : public com::base_object<com::object_base, IStyle> {
-    public:
-        com::ptr<IStyleSettings> get_settings() override { return nullptr; }
-
-    protected:
-        ~plain_style() = default;
-    };
-    const auto plain = com::create_object<plain_style>();
+    const auto plain = com::create_object<fakes::plain_style>();
     EXPECT_EQ(E_NOINTERFACE, fakes::failure_of([&] { static_cast<void>(create_label_table(plain.get())); }));
 }
 

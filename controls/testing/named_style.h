@@ -5,6 +5,15 @@
 
 namespace d2d::fakes {
 
+/// A style without looks for anything.
+class plain_style : public com::base_object<com::object_base, ui::IStyle> {
+public:
+    com::ptr<ui::IStyleSettings> get_settings() override { return nullptr; }
+
+protected:
+    ~plain_style() = default;
+};
+
 /// A style for controls that draw by the keys of settings, in a scroll area.
 struct named_style {
     com::ptr<named_settings> settings = com::create_object<named_settings>();
