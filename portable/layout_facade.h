@@ -39,7 +39,9 @@ public:
         }
         return made;
     }
-    void dematerialize(materialization_context& context) override { take_away(context, items.size()); }
+    void dematerialize(materialization_context& context) override {
+        if (impl) take_away(context, items.size());
+    }
 
 protected:
     ~layout_facade() = default;
