@@ -89,13 +89,16 @@ protected:
     }
     /// Waits until the screen shows a colour at a point of the window. A channel may be off by one.
     [[nodiscard]] testing::AssertionResult shows(std::uint32_t color, unsigned x, unsigned y) const {
-        std::uint32_t seen = 0;
-        const auto is_shown = [&] {
-            seen = test_support::grab_client_area(handle()).at(x, y);
-            return resembles(color, seen);
-        };
-        if (becomes(is_shown)) return testing::AssertionSuccess();
-        return testing::AssertionFailure() << std::hex << "expected " << color << ", stands " << seen;
+        return comes_to(color, [=, this] { return test_support::grab_client_area(handle()).at(x, y); });
+    }
+    /// The same at a point that may be beyond the window, counted from its corner.
+    [[nodiscard]] testing::AssertionResult shows_beyond(std::uint32_t color, POINT point) const {
+        return comes_to(color, [=, this] { return screen_at(point); });
+    }
+    [[nodiscard]] std::uint32_t screen_at(POINT point) const {
+        ClientToScreen(handle(), &point);
+        return test_support::grab_client_area(GetDesktopWindow())
+            .at(static_cast<unsigned>(point.x), static_cast<unsigned>(point.y));
     }
 
     static inline std::optional<factory> token;
@@ -104,6 +107,13 @@ protected:
 private:
     static constexpr std::chrono::seconds patience{5};
 
+    template <class Look>
+    [[nodiscard]] testing::AssertionResult comes_to(std::uint32_t color, Look look) const {
+        std::uint32_t seen = 0;
+        const auto is_shown = [&] { return resembles(color, seen = look()); };
+        if (becomes(is_shown)) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << std::hex << "expected " << color << ", stands " << seen;
+    }
     static bool resembles(std::uint32_t a, std::uint32_t b) {
         for (int shift = 0; shift < 32; shift += 8) {
             const int difference = static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF);
