@@ -6,6 +6,7 @@
 #include "portable_forms.h"
 #include "support/input.h"
 #include "support/leak_checked_test.h"
+#include "ui/mossHarbour/IEditControl.h"
 #include "ui/mossHarbour/IModalService.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
 #include "ui/mossHarbour/element_metrics.h"
@@ -212,6 +213,26 @@ TEST_P(dialog, tells_when_its_controls_are_there_and_it_is_not_shown_yet) {
     EXPECT_TRUE(accepted);
     EXPECT_EQ(owner->changes(), 2);  // disabled, and enabled again
     EXPECT_THROW(button->set_text(L""), std::logic_error);
+}
+
+TEST_P(dialog, takes_what_is_typed_and_gives_it_when_it_ends) {
+    const auto edit = create_edit_control();
+    auto details = plain(dialog_buttons::ok_cancel);
+    details.content = client_test::fixed(edit, body.cx, 20);
+    details.on_created = [&] { edit->set_text(L"MS "); };
+    wchar_t text[20]{};
+    details.on_result = [&](bool) {
+        edit->get_text(text, 20);
+        return true;
+    };
+    EXPECT_TRUE(show(details, [&](HWND window) {
+        const HWND field = GetParam() == form::scene ? window : child_window(window, L"EDIT", L"MS ");
+        const LONG inset = GetParam() == form::scene ? em : 0;
+        test_support::click(field, {inset + 100, inset + 10});
+        test_support::type_text(L"M\u00fcggelsee");
+        press(window, L"OK", L"Cancel");
+    }));
+    EXPECT_STREQ(text, L"MS M\u00fcggelsee");
 }
 
 TEST_P(dialog, is_centred_on_the_window_that_its_owner_is_in) {
