@@ -107,7 +107,8 @@ protected:
     LONG button_height = 0;  // on the scene
 };
 
-INSTANTIATE_TEST_SUITE_P(forms, dialog, testing::ValuesIn(client_test::all_forms), client_test::name_of);
+INSTANTIATE_TEST_SUITE_P(forms, dialog, testing::ValuesIn(client_test::all_forms),
+                         client_test::name_of<testing::TestParamInfo<form>>);
 
 struct buttons_case {
     int buttons;

@@ -75,15 +75,14 @@ protected:
         test_support::click(pressed, place);
     }
     /// Presses the owner beside the popup, which takes the focus there.
-    void leave(HWND) const {
-        test_support::click(owner->handle(), {500, 380});
-    }
+    void leave(HWND) const { test_support::click(owner->handle(), {500, 380}); }
 
     static inline std::optional<d2d::factory> graphics;
     std::optional<client_test::owner_window> owner;
 };
 
-INSTANTIATE_TEST_SUITE_P(forms, popup, testing::ValuesIn(client_test::all_forms), client_test::name_of);
+INSTANTIATE_TEST_SUITE_P(forms, popup, testing::ValuesIn(client_test::all_forms),
+                         client_test::name_of<testing::TestParamInfo<form>>);
 
 struct place_case {
     popup_side side;

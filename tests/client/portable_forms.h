@@ -4,9 +4,6 @@
 #include "ui/mossHarbour/IElement.h"
 #include "ui/mossHarbour/ILayout.h"
 
-#include <gtest/gtest.h>
-
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -19,7 +16,9 @@ enum class form { scene, native };
 
 inline const std::vector<form> all_forms{form::scene, form::native};
 
-inline std::string name_of(const testing::TestParamInfo<form>& info) {
+/// For tests with a form as their parameter.
+template <class ParameterInfo>
+std::string name_of(const ParameterInfo& info) {
     return info.param == form::scene ? "scene" : "native";
 }
 

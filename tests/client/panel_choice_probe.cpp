@@ -1,0 +1,74 @@
+// Tells which panels are on the scene in a process that has just started, for each way to show one.
+
+#include "d2d/factory.h"
+#include "portable_forms.h"
+#include "ui/mossHarbour/IHwndPanel.h"
+#include "ui/mossHarbour/IModalService.h"
+
+#include <cstdio>
+#include <cwchar>
+
+namespace {
+
+using namespace ui::mossHarbour;
+
+struct seen_enough {};
+
+bool is_native(HWND window) {
+    wchar_t name[32]{};
+    GetClassNameW(window, name, 32);
+    return std::wcscmp(name, L"mossHarbour_panel") == 0;
+}
+
+/// Whether a panel's window is on the scene.
+bool is_on_scene(const com::ptr<IHwndPanel>& panel) {
+    const bool result = !is_native(panel->create_window(0, L"probe", WS_POPUP, nullptr));
+    panel->destroy_window();
+    return result;
+}
+
+/// Whether what `show(details)` shows, above a window of its own, is on the scene.
+template <class Details, class Show>
+bool shows_on_scene(Details details, Show show) {
+    const HWND owner =
+        CreateWindowExW(0, L"STATIC", L"owner", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
+    bool result = false;
+    details.on_created = [&] {
+        const auto look = [](HWND window, LPARAM found) -> BOOL {
+            if (!GetWindow(window, GW_OWNER)) return TRUE;
+            *reinterpret_cast<bool*>(found) = !is_native(window);
+            return FALSE;
+        };
+        EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&result));
+        throw seen_enough();
+    };
+    try {
+        show(owner, details);
+    } catch (const seen_enough&) {
+    }
+    DestroyWindow(owner);
+    return result;
+}
+
+}  // namespace
+
+int main() {
+    const d2d::factory graphics;  // made once
+    const IModalService::dialog_details dialog{
+        client_test::blank(10, 10), {}, {}, L"probe", dialog_buttons::ok};
+    const IModalService::popup_details popup{client_test::blank(10, 10), {}, {}, {}, popup_side::below,
+                                             popup_alignment::centres};
+    const auto tell = [](const char* what, bool on_scene) {
+        std::printf("%s %s, ", what, on_scene ? "scene" : "native");
+    };
+    tell("panel", is_on_scene(create_hwnd_panel(nullptr)));
+    tell("dialog", shows_on_scene(dialog, [](HWND owner, auto& shown) { showDialogHwnd(owner, shown); }));
+    tell("popup", shows_on_scene(popup, [](HWND owner, auto& shown) { showPopupHwnd(owner, shown); }));
+    for (const bool forced : {false, true}) {
+        tell(forced ? "forced dialog" : "unforced dialog",
+             shows_on_scene(dialog, [=](HWND owner, auto& shown) { showDialogHwnd(owner, forced, shown); }));
+        tell(forced ? "forced popup" : "unforced popup",
+             shows_on_scene(popup, [=](HWND owner, auto& shown) { showPopupHwnd(owner, forced, shown); }));
+    }
+    return 0;
+}
