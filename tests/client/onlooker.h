@@ -46,6 +46,9 @@ public:
     /// What the last look has seen.
     [[nodiscard]] const test_support::picture& shown() const noexcept { return shown_; }
 
+    /// Looks once. Returns whether what shows is another picture than before.
+    bool look();
+
     /// Looks until `like()` calls what shows exact, or nothing better is to be expected: it has been close
     /// for a second, or nothing changes any more. `like` is asked once for each picture. Returns whether what
     /// shows is close at least.
@@ -95,9 +98,6 @@ public:
     [[nodiscard]] testing::AssertionResult shows_again(const test_support::picture& earlier);
 
 private:
-    /// Whether something has changed since the last time.
-    bool look();
-
     HWND window_;
     test_support::picture shown_;
 };

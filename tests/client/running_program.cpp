@@ -51,6 +51,14 @@ running_program::~running_program() {
     CloseHandle(process_.hProcess);
 }
 
+bool running_program::has_capture() const {
+    GUITHREADINFO state{};
+    state.cbSize = sizeof(state);
+    if (!GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &state))
+        throw std::runtime_error("the state of the program's thread cannot be read");
+    return state.hwndCapture == window_;
+}
+
 std::chrono::microseconds running_program::processor_time() const {
     FILETIME created{};
     FILETIME ended{};

@@ -23,6 +23,9 @@ public:
     /// other threads send until one is posted: this posts some for as long as the call waits.
     void set_position(int x, int y, int width, int height, UINT flags);
 
+    /// Whether its window has the mouse captured.
+    [[nodiscard]] bool has_capture() const;
+
     /// What its first thread, that of its windows, has used of the processor since the start, in the system's
     /// steps. Of other processes as a whole Wine cannot tell.
     [[nodiscard]] std::chrono::microseconds processor_time() const;
