@@ -87,7 +87,8 @@ protected:
     std::optional<described_form> described;
 };
 
-INSTANTIATE_TEST_SUITE_P(forms, backend, testing::ValuesIn(client_test::all_forms), client_test::name_of);
+INSTANTIATE_TEST_SUITE_P(forms, backend, testing::ValuesIn(client_test::all_forms),
+                         client_test::name_of<testing::TestParamInfo<form>>);
 
 // -- events and values
 // ----------------------------------------------------------------------------------------
