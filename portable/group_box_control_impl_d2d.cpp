@@ -5,6 +5,7 @@
 #include "d2d/ui/ITextLabel.h"
 #include "portable/d2d_materialization_impl.h"
 #include "portable/group_box_measure.h"
+#include "portable/layout_arithmetic.h"
 #include "ui/mossHarbour/d2d_layout.h"
 
 #include <stdexcept>
@@ -33,7 +34,9 @@ public:
     void arrange(int left, int top, int right, int bottom) override {
         constexpr int frame = 5;
         d2d_materialization_impl::arrange(left, top, right, bottom);
-        if (content) content->arrange(frame, frame, right - left - frame, bottom - top - frame);
+        if (!content) return;
+        content->arrange(frame, frame, difference(difference(right, left), frame),
+                         difference(difference(bottom, top), frame));
     }
 
     void show_content() {

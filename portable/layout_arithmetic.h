@@ -131,7 +131,7 @@ enum class placement { near_side, centre, far_side };
 /// where `remaining` is what there was at the start of the round, and at most to `max(i)`. `size(i)` is what
 /// grows. What no share reaches stays over.
 template <class Size, class Max, class Share>
-void grow_in_rounds(std::size_t count, int extent, Size&& size, Max&& max, Share&& share) {
+constexpr void grow_in_rounds(std::size_t count, int extent, Size&& size, Max&& max, Share&& share) {
     while (extent > 0) {
         int given = 0;
         for (std::size_t i = 0; i < count; ++i) {

@@ -35,8 +35,8 @@ element_metrics panel_sizes::take(const element_metrics& content, DWORD style, D
 }
 
 RECT panel_sizes::content_area(const RECT& client) const noexcept {
-    return {client.left + margins.left, client.top + margins.top, client.right - margins.right,
-            client.bottom - margins.bottom};
+    return {sum(client.left, margins.left), sum(client.top, margins.top),
+            difference(client.right, margins.right), difference(client.bottom, margins.bottom)};
 }
 
 void panel_sizes::limit(MINMAXINFO& info) const noexcept {

@@ -1,83 +1,17 @@
-// Layouts of random items, compared with a model that follows the rules one after the other.
+// Layouts of random items: compared with a model, and held against what has to be true of each layout.
 
 #include "portable/testing/layout_fixture.h"
+#include "portable/testing/layout_model.h"
 #include "ui/mossHarbour/IGridLayout.h"
 #include "ui/mossHarbour/IStackLayout.h"
 
-#include <algorithm>
-#include <cstdint>
 #include <iostream>
-#include <map>
 #include <random>
 
 namespace {
 
 using namespace ui::mossHarbour;
 using namespace ui::mossHarbour::stubs;
-using wide_int = std::int64_t;
-
-constexpr wide_int endless = unbounded_extent;
-
-/// On one axis.
-struct model_item {
-    wide_int leading, min, preferred, max, trailing;
-    int alignment;
-};
-
-wide_int add_up(wide_int a, wide_int b) {
-    return a >= endless || b >= endless ? endless : a + b;
-}
-
-/// Sizes by the rounds of a stack (float) or of a grid (double).
-template <class Share>
-std::vector<wide_int> grown(const std::vector<model_item>& items, wide_int extent, Share share) {
-    wide_int total = 0;
-    for (const auto& item : items) total = add_up(total, item.preferred);
-    std::vector<wide_int> sizes;
-    for (const auto& item : items) {
-        sizes.push_back(item.min);
-        extent -= item.min;
-    }
-    while (extent > 0) {
-        wide_int given = 0;
-        for (std::size_t i = 0; i < items.size(); ++i) {
-            const wide_int part = share(items[i].preferred, total, extent);
-            const wide_int more = std::min(items[i].max - sizes[i], part);
-            sizes[i] += more;
-            given += more;
-        }
-        if (given == 0) break;
-        extent -= given;
-    }
-    return sizes;
-}
-
-wide_int share_of_stack(wide_int preferred, wide_int total, wide_int remaining) {
-    if (total == 0) return 0;
-    return static_cast<wide_int>((static_cast<float>(preferred) / static_cast<float>(total)) *
-                                 static_cast<float>(remaining));
-}
-
-wide_int share_of_grid(wide_int preferred, wide_int total, wide_int remaining) {
-    if (total == 0) return 0;
-    const double weight = static_cast<double>(static_cast<float>(preferred) / static_cast<float>(total));
-    return static_cast<wide_int>(weight * static_cast<double>(remaining));
-}
-
-struct span {
-    wide_int start, end;
-};
-
-std::vector<span> follow(const std::vector<model_item>& items, const std::vector<wide_int>& sizes,
-                         wide_int start) {
-    std::vector<span> result;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        if (i > 0) start += std::max(items[i - 1].trailing, items[i].leading);
-        result.push_back({start, start + sizes[i]});
-        start += sizes[i];
-    }
-    return result;
-}
 
 class random_layouts : public layout_fixture {
 protected:
@@ -99,7 +33,6 @@ protected:
         next_sizes(m.min_height, m.preferred_height, m.max_height);
         return m;
     }
-
     void next_sizes(int& min, int& preferred, int& max) {
         min = below(40);
         preferred = min + below(60);
@@ -107,161 +40,216 @@ protected:
         if (below(50) == 0) preferred = max = unbounded_extent;
     }
 
+    /// Mostly what the element says.
+    void choose_sizes(item_sizes& item) {
+        for (int* size : {&item.min_width, &item.min_height, &item.preferred_width, &item.preferred_height,
+                          &item.max_width, &item.max_height}) {
+            if (below(4) == 0) *size = next_length();
+        }
+        for (int* size : {&item.max_width, &item.max_height}) {
+            if (below(8) == 0) *size = unbounded_extent;
+        }
+        for (int* margin : {&item.margin_left, &item.margin_top, &item.margin_right, &item.margin_bottom}) {
+            if (below(4) == 0) *margin = below(2) ? below(20) : font_percent(below(150));
+        }
+    }
+    int next_length() {
+        switch (below(3)) {
+            case 0:
+                return use_preferred;
+            case 1:
+                return font_percent(below(700));
+            default:
+                return below(100);
+        }
+    }
+    item_alignment next_alignment() { return static_cast<item_alignment>(below(4) - 1); }
+
     void begin(com::ptr<IMaterializableElement> next) {
         if (layout) dematerialize();
         made.clear();
         layout = std::move(next);
     }
 
+    /// What holds for sizes that come of an extent without the gaps, however they were reached.
+    static void expect_fair(const std::vector<model_axis>& items, const std::vector<wide_int>& sizes,
+                            wide_int extent, model_share share) {
+        wide_int minimum = 0;
+        wide_int used = 0;
+        for (std::size_t i = 0; i < items.size(); ++i) {
+            if (items[i].min > items[i].max) return;  // shrinks to its maximum as soon as there is room
+            EXPECT_GE(sizes[i], items[i].min);
+            EXPECT_LE(sizes[i], items[i].max);
+            minimum += items[i].min;
+            used += sizes[i];
+        }
+        if (minimum >= extent) {
+            EXPECT_EQ(used, minimum);  // it overflows by that, and by no more
+            return;
+        }
+        // Shares of a total that is cut off add up to more than all: kept, see the tests of stacks.
+        if (model_total_preferred(items) >= model_endless) return;
+        EXPECT_LE(used, extent);  // nothing is handed out twice
+        const wide_int left = extent - used;
+        for (std::size_t i = 0; i < items.size() && left > 0; ++i) {
+            const bool is_full = sizes[i] == items[i].max;
+            EXPECT_TRUE(is_full || share(items[i].preferred, model_total_preferred(items), left) == 0);
+        }
+    }
+
     std::mt19937 random;
 };
 
-model_item axis_of(const element_metrics& m, bool vertical, int alignment) {
-    if (vertical) {
-        return {m.margin_top, m.min_height, m.preferred_height, m.max_height, m.margin_bottom, alignment};
+std::vector<wide_int> numbers_of(const model_axis& h, const model_axis& v) {
+    return {h.leading, v.leading, h.trailing, v.trailing,  h.min,
+            v.min,     h.max,     v.max,      h.preferred, v.preferred};
+}
+std::vector<wide_int> numbers_of(const element_metrics& m) {
+    const auto fields = fields_of(m);
+    return {fields.begin(), fields.end()};
+}
+
+model_span across_of(const RECT& rect) {
+    return {rect.left, rect.right};
+}
+model_span down_of(const RECT& rect) {
+    return {rect.top, rect.bottom};
+}
+
+std::vector<wide_int> sizes_of(const std::vector<model_span>& spans) {
+    std::vector<wide_int> sizes;
+    for (const auto& [start, end] : spans) sizes.push_back(end - start);
+    return sizes;
+}
+
+void expect_gaps(const std::vector<model_axis>& items, const std::vector<model_span>& spans) {
+    for (std::size_t i = 1; i < items.size(); ++i) {
+        EXPECT_EQ(spans[i].start - spans[i - 1].end, std::max(items[i - 1].trailing, items[i].leading));
     }
-    return {m.margin_left, m.min_width, m.preferred_width, m.max_width, m.margin_right, alignment};
-}
-
-span across_stack(const model_item& item, span room) {
-    const wide_int extent = room.end - room.start;
-    if (item.max >= extent) return room;
-    wide_int start = room.start + extent - item.max;
-    if (item.alignment == -1) start = room.start;
-    if (item.alignment == 0) start = room.start + (extent - item.max) / 2;
-    return {start, start + item.max};
-}
-
-span in_cell(const model_item& item, span room) {
-    const wide_int extent = room.end - room.start;
-    if (item.max >= extent) return room;
-    wide_int start = room.start;
-    if (item.alignment == 0) start = room.start + (extent - item.max) / 2;
-    if (item.alignment == 1) start = room.end - item.max;
-    return {start, start + item.max};
-}
-
-void expect_span(span expected, LONG start, LONG end) {
-    EXPECT_EQ(expected.start, start);
-    EXPECT_EQ(expected.end, end);
 }
 
 TEST_F(random_layouts, of_stacks_are_as_the_rules_say) {
-    for (int round = 0; round < 20'000 && !HasFailure(); ++round) {
+    for (int round = 0; round < 90'000 && !HasFailure(); ++round) {
         const bool vertical = below(2) == 0;
         const auto stack = create_stack_layout(vertical ? orientation::vertical : orientation::horizontal);
         begin(com::ptr<IMaterializableElement>(stack.get()));
-        std::vector<model_item> along;
-        std::vector<model_item> across;
+        std::vector<model_axis> along;
+        std::vector<model_axis> across;
+        std::vector<int> alignments;
         const int count = 1 + below(6);
         for (int i = 0; i < count; ++i) {
-            const int alignment = below(4) - 1;
+            stack_item_details details(next_alignment());
+            choose_sizes(details);
             const auto said = next_metrics();
-            stack->add_item(stack_item_details(static_cast<item_alignment>(alignment)),
-                            com::ptr<IElement>(static_cast<IElement*>(&make_stub(said))));
-            along.push_back(axis_of(said, vertical, alignment));
-            across.push_back(axis_of(said, !vertical, alignment));
+            stack->add_item(details, com::ptr<IElement>(static_cast<IElement*>(&make_stub(said))));
+            along.push_back(vertical ? model_vertical(said, details) : model_horizontal(said, details));
+            across.push_back(vertical ? model_horizontal(said, details) : model_vertical(said, details));
+            // Whatever is neither near nor centred is far in a stack.
+            const int alignment = static_cast<int>(details.alignment);
+            alignments.push_back(alignment == -1 || alignment == 0 ? alignment : 1);
         }
-        const element_metrics measured = measure();
-        wide_int gaps = 0;
-        wide_int min = 0;
-        for (std::size_t i = 0; i < along.size(); ++i) {
-            if (i > 0) gaps += std::max(along[i - 1].trailing, along[i].leading);
-            min += along[i].min;
-        }
-        EXPECT_EQ(vertical ? measured.min_height : measured.min_width, min + gaps);
+        const model_axis length = model_stack_along(along);
+        const model_axis width = model_stack_across(across);
+        EXPECT_EQ(numbers_of(measure()), vertical ? numbers_of(width, length) : numbers_of(length, width));
 
-        const span room{below(50) - 25, 100 + below(400)};
-        const span beside{below(50) - 25, 100 + below(100)};
-        const auto sizes = grown(along, room.end - room.start - gaps, share_of_stack);
-        const auto places = follow(along, sizes, room.start);
-        const auto edge = [](wide_int value) { return static_cast<int>(value); };
+        const int start = below(50) - 25;
+        const int end = start + below(500);
+        const int beside_start = below(50) - 25;
+        const int beside_end = beside_start + below(150);
         if (vertical) {
-            arrange(edge(beside.start), edge(room.start), edge(beside.end), edge(room.end));
+            live->arrange(beside_start, start, beside_end, end);
         } else {
-            arrange(edge(room.start), edge(beside.start), edge(room.end), edge(beside.end));
+            live->arrange(start, beside_start, end, beside_end);
         }
+        std::vector<model_span> spans;
         for (std::size_t i = 0; i < made.size(); ++i) {
             const RECT& at = made[i]->placed.back();
-            const span wanted_across = across_stack(across[i], beside);
-            expect_span(vertical ? wanted_across : places[i], at.left, at.right);
-            expect_span(vertical ? places[i] : wanted_across, at.top, at.bottom);
-            EXPECT_GE(places[i].end - places[i].start, along[i].min);
+            spans.push_back(vertical ? down_of(at) : across_of(at));
+            EXPECT_EQ(vertical ? across_of(at) : down_of(at),
+                      model_aligned({beside_start, beside_end}, across[i].max, alignments[i]));
         }
+        const wide_int extent = end - start - model_stack_gaps(along);
+        const auto sizes = model_sizes(along, extent, model_stack_share);
+        EXPECT_EQ(spans, model_places(along, sizes, start));
+        expect_gaps(along, spans);
+        expect_fair(along, sizes_of(spans), extent, model_stack_share);
     }
 }
 
+struct placed_item {
+    int row, column;
+    int vertical_alignment, horizontal_alignment;
+    model_axis vertical, horizontal;
+};
+
+/// What comes of the tracks of a grid on one axis.
+struct arranged_tracks {
+    arranged_tracks(const model_tracks& tracks, model_span room)
+        : list(model_list(tracks)),
+          extent(room.end - room.start - model_grid_gaps(list)),
+          spans(model_places(list, model_sizes(list, extent, model_grid_share), room.start)) {
+        for (std::size_t i = 0; const auto& [index, track] : tracks) by_index[index] = spans[i++];
+    }
+
+    std::vector<model_axis> list;
+    wide_int extent;
+    std::vector<model_span> spans;
+    std::map<int, model_span> by_index;
+};
+
 TEST_F(random_layouts, of_grids_are_as_the_rules_say) {
-    for (int round = 0; round < 10'000 && !HasFailure(); ++round) {
+    for (int round = 0; round < 60'000 && !HasFailure(); ++round) {
         const auto grid = create_grid_layout();
         begin(com::ptr<IMaterializableElement>(grid.get()));
-        struct placed_item {
-            int row, column;
-            model_item vertical, horizontal;
-        };
         std::vector<placed_item> items;
-        std::map<int, model_item> rows;
-        std::map<int, model_item> columns;
-        const auto widen = [](std::map<int, model_item>& tracks, int index, const model_item& by) {
-            auto& at = tracks.try_emplace(index, model_item{}).first->second;
-            at.leading = std::max(at.leading, by.leading);
-            at.min = std::max(at.min, by.min);
-            at.preferred = std::max(at.preferred, by.preferred);
-            at.max = std::max(at.max, by.max);
-            at.trailing = std::max(at.trailing, by.trailing);
-        };
+        model_tracks rows;
+        model_tracks columns;
         const int count = 1 + below(9);
         for (int i = 0; i < count; ++i) {
-            grid_item_details details(static_cast<item_alignment>(below(4) - 1),
-                                      static_cast<item_alignment>(below(4) - 1));
+            grid_item_details details(next_alignment(), next_alignment());
+            choose_sizes(details);
             details.row = below(4) - 1;
             details.column = below(4) * 3;
+            // A span does not make a track: only where there is one already.
+            if (below(4) == 0 && rows.contains(details.row)) details.row_span = below(3) ? 2 : 0;
+            if (below(4) == 0 && columns.contains(details.column)) details.column_span = below(3) ? 3 : -1;
             const auto said = next_metrics();
             grid->add_item(details, com::ptr<IElement>(static_cast<IElement*>(&make_stub(said))));
-            items.push_back({details.row, details.column,
-                             axis_of(said, true, static_cast<int>(details.vertical_alignment)),
-                             axis_of(said, false, static_cast<int>(details.horizontal_alignment))});
-            widen(rows, details.row, items.back().vertical);
-            widen(columns, details.column, items.back().horizontal);
+            items.push_back({details.row, details.column, static_cast<int>(details.vertical_alignment),
+                             static_cast<int>(details.horizontal_alignment), model_vertical(said, details),
+                             model_horizontal(said, details)});
+            if (details.row_span == 1) model_widen(rows, details.row, items.back().vertical);
+            if (details.column_span == 1) model_widen(columns, details.column, items.back().horizontal);
         }
-        const element_metrics measured = measure();
-        const auto place = [](const std::map<int, model_item>& tracks, span room, wide_int& min) {
-            std::vector<model_item> list;
-            for (const auto& [index, track] : tracks) list.push_back(track);
-            wide_int gaps = 0;
-            min = list.front().min;
-            for (std::size_t i = 1; i < list.size(); ++i) {
-                const wide_int gap = std::max(list.front().trailing, list[i].leading);
-                gaps += gap;
-                min += list[i].min + gap;
-            }
-            const auto sizes = grown(list, room.end - gaps - room.start, share_of_grid);
-            const auto spans = follow(list, sizes, room.start);
-            std::map<int, span> result;
-            for (std::size_t i = 0; const auto& [index, track] : tracks) result[index] = spans[i++];
-            return result;
-        };
-        const span down{below(50) - 25, 100 + below(400)};
-        const span beside{below(50) - 25, 100 + below(400)};
-        wide_int min_height = 0;
-        wide_int min_width = 0;
-        const auto row_spans = place(rows, down, min_height);
-        const auto column_spans = place(columns, beside, min_width);
-        EXPECT_EQ(measured.min_height, min_height);
-        EXPECT_EQ(measured.min_width, min_width);
-        arrange(static_cast<int>(beside.start), static_cast<int>(down.start), static_cast<int>(beside.end),
-                static_cast<int>(down.end));
+        EXPECT_EQ(numbers_of(measure()),
+                  numbers_of(model_grid_axis(model_list(columns)), model_grid_axis(model_list(rows))));
+
+        const model_span down{below(50) - 25, 100 + below(400)};
+        const model_span beside{below(50) - 25, 100 + below(400)};
+        const arranged_tracks in_rows(rows, down);
+        const arranged_tracks in_columns(columns, beside);
+        live->arrange(static_cast<int>(beside.start), static_cast<int>(down.start),
+                      static_cast<int>(beside.end), static_cast<int>(down.end));
         for (std::size_t i = 0; i < made.size(); ++i) {
-            const RECT& at = made[i]->placed.back();
-            expect_span(in_cell(items[i].horizontal, column_spans.at(items[i].column)), at.left, at.right);
-            expect_span(in_cell(items[i].vertical, row_spans.at(items[i].row)), at.top, at.bottom);
+            const auto& item = items[i];
+            ASSERT_EQ(made[i]->placed.size(), 2u);
+            for (const RECT& at : made[i]->placed) {
+                EXPECT_EQ(across_of(at), model_aligned(in_columns.by_index.at(item.column),
+                                                       item.horizontal.max, item.horizontal_alignment));
+                EXPECT_EQ(down_of(at), model_aligned(in_rows.by_index.at(item.row), item.vertical.max,
+                                                     item.vertical_alignment));
+            }
+        }
+        for (const auto* axis : {&in_rows, &in_columns}) {
+            expect_gaps(axis->list, axis->spans);
+            expect_fair(axis->list, sizes_of(axis->spans), axis->extent, model_grid_share);
         }
     }
 }
 
 TEST_F(random_layouts, of_any_numbers_do_no_harm) {
     const auto any = [this] { return static_cast<int>(random()); };
-    for (int round = 0; round < 20'000; ++round) {
+    for (int round = 0; round < 50'000; ++round) {
         const auto stack = create_stack_layout(below(2) ? orientation::vertical : orientation::horizontal);
         const auto grid = create_grid_layout();
         begin(com::ptr<IMaterializableElement>(stack.get()));
@@ -270,6 +258,8 @@ TEST_F(random_layouts, of_any_numbers_do_no_harm) {
             auto& element = make_stub({any(), any(), any(), any(), any(), any(), any(), any(), any(), any()});
             grid_item_details details;
             details.row = below(2);
+            details.max_width = below(2) ? any() : use_control_value;
+            details.margin_left = below(2) ? any() : 0;
             grid->add_item(details, com::ptr<IElement>(static_cast<IElement*>(&element)));
         }
         arrange(any(), any(), any(), any());

@@ -1,6 +1,9 @@
 #include "portable/layout_arithmetic.h"
 #include "portable/testing/layout_fixture.h"
+#include "scene/testing/allocation_count.h"
 #include "ui/mossHarbour/IStackLayout.h"
+
+#include <utility>
 
 namespace {
 
@@ -47,6 +50,71 @@ TEST_F(stack_layout, overflows_its_room_with_minimums) {
     EXPECT_THAT(edges_of(b.placed.back()), ElementsAre(0, 10, 50, 20));
 }
 
+TEST_F(stack_layout, hands_out_no_pixel_that_is_less_than_a_share) {
+    start(orientation::vertical);
+    auto& a = add(tall(10, 20, endless));
+    auto& b = add(tall(10, 20, endless));
+    auto& c = add(tall(10, 20, endless));
+    arrange(0, 0, 50, 32);
+    EXPECT_EQ(a.placed.back().bottom, 10);
+    EXPECT_EQ(b.placed.back().bottom, 20);
+    EXPECT_EQ(c.placed.back().bottom, 30);
+    live->arrange(0, 0, 50, 33);
+    EXPECT_EQ(c.placed.back().bottom, 33);
+    live->arrange(0, 0, 50, 35);
+    EXPECT_EQ(c.placed.back().bottom, 33);
+}
+
+TEST_F(stack_layout, grows_nobody_where_nobody_prefers_anything) {
+    start(orientation::vertical);
+    auto& a = add(tall(0, 0, endless));
+    auto& b = add(tall(0, 0, endless));
+    arrange(0, 0, 50, 100);
+    EXPECT_THAT(edges_of(a.placed.back()), ElementsAre(0, 0, 50, 0));
+    EXPECT_THAT(edges_of(b.placed.back()), ElementsAre(0, 0, 50, 0));
+}
+
+// Their total is cut off at what has no limit, so each one's share is all of it.
+TEST_F(stack_layout, gives_all_its_room_to_each_item_that_prefers_everything) {
+    start(orientation::vertical);
+    auto& a = add(tall(0, endless, endless));
+    auto& b = add(tall(0, endless, endless));
+    arrange(0, 0, 50, 100);
+    EXPECT_THAT(edges_of(a.placed.back()), ElementsAre(0, 0, 50, 100));
+    EXPECT_THAT(edges_of(b.placed.back()), ElementsAre(0, 100, 50, 200));
+}
+
+TEST_F(stack_layout, lets_an_item_shrink_to_a_maximum_below_its_minimum_while_there_is_room) {
+    start(orientation::vertical);
+    stack_item_details details;
+    details.min_height = 20;
+    details.max_height = 10;
+    auto& item = add(tall(5, 15, 30), details);
+    arrange(0, 0, 50, 100);
+    EXPECT_EQ(item.placed.back().bottom, 10);
+    live->arrange(0, 0, 50, 15);
+    EXPECT_EQ(item.placed.back().bottom, 20);
+}
+
+TEST_F(stack_layout, leaves_its_outer_margins_to_what_it_stands_in) {
+    start(orientation::horizontal);
+    auto said = wide(10, 10, 10);
+    said.margin_left = said.margin_top = said.margin_right = said.margin_bottom = 7;
+    auto& a = add(said);
+    auto& b = add(said);
+    EXPECT_THAT(fields_of(measure()), ElementsAre(7, 7, 7, 7, 27, 10, 27, endless, 27, 10));
+    live->arrange(0, 0, 27, 30);
+    EXPECT_THAT(edges_of(a.placed.back()), ElementsAre(0, 0, 10, 30));
+    EXPECT_THAT(edges_of(b.placed.back()), ElementsAre(17, 0, 27, 30));
+}
+
+TEST_F(stack_layout, goes_across_in_every_direction_but_down) {
+    start(static_cast<orientation>(7));
+    add(wide(10, 20, 30));
+    add(wide(10, 20, 30));
+    EXPECT_THAT(fields_of(measure()), ElementsAre(0, 0, 0, 0, 20, 10, 60, endless, 40, 10));
+}
+
 TEST_F(stack_layout, goes_across_in_the_same_way) {
     start(orientation::horizontal);
     auto& a = add(wide(10, 20, 30));
@@ -84,6 +152,23 @@ TEST_F(stack_layout, is_without_limit_across_with_an_item_without_one) {
     const auto measured = measure();
     EXPECT_EQ(measured.max_width, endless);
     EXPECT_EQ(measured.max_height, 11);
+}
+
+TEST_F(stack_layout, adds_nothing_to_what_has_no_limit) {
+    start(orientation::vertical);
+    auto said = tall(endless, endless + 5, endless);
+    said.margin_top = said.margin_bottom = 9;
+    add(said);
+    add(said);
+    EXPECT_THAT(fields_of(measure()), ElementsAre(0, 9, 0, 9, 10, endless, endless, endless, 10, endless));
+    dematerialize();
+    start(orientation::vertical);
+    auto limited = tall(1, 2, 3);
+    limited.margin_top = limited.margin_bottom = endless + 1;
+    add(limited);
+    add(limited);
+    // Gaps are cut off one by one, their sum is not.
+    EXPECT_EQ(measure().max_height, 6 + endless);
 }
 
 TEST_F(stack_layout, reports_a_maximum_no_less_than_what_it_prefers) {
@@ -182,6 +267,38 @@ INSTANTIATE_TEST_SUITE_P(each, item_size,
                                          size_case{use_control_value, 10, 20, 30}, size_case{17, 17, 17, 17},
                                          size_case{0, 0, 0, 0}));
 
+TEST_F(stack_layout, lets_an_item_be_as_high_as_it_prefers) {
+    start(orientation::vertical);
+    stack_item_details details;
+    details.max_height = use_preferred;
+    auto& list = add({0, 0, 0, 0, 10, 16, endless, 16, 10, 80}, details);  // one line at most, by itself
+    EXPECT_THAT(fields_of(measure()), ElementsAre(0, 0, 0, 0, 10, 16, endless, 80, 10, 80));
+    live->arrange(0, 0, 10, 80);
+    EXPECT_EQ(list.placed.back().bottom, 80);
+}
+
+TEST_F(stack_layout, keeps_a_preferred_size_between_the_limits) {
+    start(orientation::vertical);
+    for (const auto& [preferred, expected] : {std::pair{5, 10}, {10, 10}, {25, 25}, {30, 30}, {31, 30}}) {
+        start(orientation::vertical);
+        stack_item_details details;
+        details.preferred_height = preferred;
+        add(tall(10, 20, 30), details);
+        EXPECT_EQ(measure().preferred_height, expected);
+        dematerialize();
+    }
+}
+
+TEST_F(stack_layout, takes_the_larger_of_an_items_margin_and_its_elements) {
+    start(orientation::vertical);
+    stack_item_details details;
+    details.margin_left = details.margin_right = 5;
+    details.margin_top = font_percent(0);
+    details.margin_bottom = -20;
+    add({3, 4, 8, 1, 1, 1, 1, 1, 1, 1}, details);
+    EXPECT_THAT(fields_of(measure()), ElementsAre(5, 4, 8, 1, 1, 1, 1, 1, 1, 1));
+}
+
 TEST_F(stack_layout, decodes_lengths_by_the_font) {
     start(orientation::vertical);
     stack_item_details details;
@@ -191,6 +308,17 @@ TEST_F(stack_layout, decodes_lengths_by_the_font) {
     const auto measured = measure();
     EXPECT_EQ(measured.min_height, font_height * 5 / 2);
     EXPECT_EQ(measured.margin_top, font_height);
+}
+
+TEST_F(stack_layout, allocates_a_list_of_sizes_and_no_more) {
+    start(orientation::vertical);
+    for (int i = 0; i < 20; ++i) add(tall(10, 20, 30)).placed.reserve(4);
+    static_cast<void>(measure());
+    const auto before = d2d::scene::fakes::allocation_count();
+    static_cast<void>(live->measure(context));
+    EXPECT_EQ(d2d::scene::fakes::allocation_count(), before);
+    live->arrange(0, 0, 10, 500);
+    EXPECT_EQ(d2d::scene::fakes::allocation_count(), before + 1);
 }
 
 TEST(length, of_another_mark_is_plain_pixels) {
