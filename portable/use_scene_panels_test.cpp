@@ -1,6 +1,6 @@
 #include "portable/use_scene_panels.h"
 
-#include "win32/registry_key.h"
+#include "support/user_key.h"
 
 #include <cstdint>
 #include <string>
@@ -14,20 +14,10 @@ using namespace ui::mossHarbour;
 
 class stored_choice : public testing::Test {
 protected:
-    void TearDown() override { RegDeleteKeyW(HKEY_CURRENT_USER, key.c_str()); }
+    [[nodiscard]] bool read() const { return read_use_scene_panels(HKEY_CURRENT_USER, key.path()); }
 
-    [[nodiscard]] win32::registry_key made() const {
-        win32::registry_key result;
-        EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr,
-                                  result.put(), nullptr),
-                  ERROR_SUCCESS);
-        return result;
-    }
-    [[nodiscard]] bool read() const { return read_use_scene_panels(HKEY_CURRENT_USER, key.c_str()); }
-
-private:
     // The same test may run in another process just now.
-    const std::wstring key = L"Software\\mossHarbour.tests." + std::to_wstring(GetCurrentProcessId());
+    test_support::user_key key{L"Software\\mossHarbour.tests." + std::to_wstring(GetCurrentProcessId())};
 };
 
 struct value_case {
@@ -39,7 +29,7 @@ struct value_case {
 
 TEST_F(stored_choice, is_no_without_a_key_or_a_value) {
     EXPECT_FALSE(read());
-    const auto empty = made();
+    key.create();
     EXPECT_FALSE(read());
 }
 
@@ -57,11 +47,8 @@ TEST_F(stored_choice, is_whether_four_bytes_of_any_type_are_not_all_zero) {
                                 {"too many bytes", REG_BINARY, {1, 1, 1, 1, 1}, false},
                                 {"a longer text", REG_SZ, {'1', 0, '1', 0, 0, 0}, false},
                                 {"eight bytes", REG_QWORD, {1, 0, 0, 0, 0, 0, 0, 0}, false}};
-    const auto opened = made();
     for (const auto& [what, type, bytes, chosen] : cases) {
-        ASSERT_EQ(
-            RegSetValueExW(opened.get(), L"useD2D", 0, type, bytes.data(), static_cast<DWORD>(bytes.size())),
-            ERROR_SUCCESS);
+        key.set(L"useD2D", type, bytes.data(), bytes.size());
         EXPECT_EQ(read(), chosen) << what;
     }
 }

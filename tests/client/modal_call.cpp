@@ -30,6 +30,8 @@ public:
     ~companion() {
         ended = true;
         thread.join();
+        MSG message{};
+        while (has_quit && PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) continue;
     }
 
 private:
@@ -42,6 +44,7 @@ private:
         }
         if (test_support::pump_until([this] { return ended.load(); }, patience)) return;
         ADD_FAILURE() << "the call has not ended by itself";
+        has_quit = true;
         while (!ended) {
             PostThreadMessageW(caller, WM_QUIT, 0, 0);
             Sleep(50);
@@ -49,6 +52,7 @@ private:
     }
 
     std::atomic<bool> ended = false;
+    std::atomic<bool> has_quit = false;
     std::thread thread;
 };
 
