@@ -17,6 +17,11 @@ else()
         target_compile_options(mossharbour_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
             -Wduplicated-cond -Wduplicated-branches -Wlogical-op>)
     endif()
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        # MinGW's headers declare the platform's operations as throwing nothing, to clang as part of their type.
+        target_compile_options(mossharbour_warnings INTERFACE
+            $<$<COMPILE_LANGUAGE:CXX>:-Wno-microsoft-exception-spec>)
+    endif()
     if(MOSSHARBOUR_WARNINGS_AS_ERRORS)
         target_compile_options(mossharbour_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Werror>)
     endif()

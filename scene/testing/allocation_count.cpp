@@ -23,7 +23,7 @@ std::atomic<std::size_t> allocations{0};
 
 /// How blocks lie that are asked for without an alignment. GCC takes no more for granted than what objects of
 /// that size can need, so that a block can end at its guard to the byte.
-[[nodiscard]] std::size_t alignment_of(std::size_t size) noexcept {
+[[nodiscard]] std::size_t alignment_of([[maybe_unused]] std::size_t size) noexcept {
     constexpr std::size_t usual = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
 #if defined(__GNUC__) && !defined(__clang__)
     return size ? std::min(size & (~size + 1), usual) : 1;
