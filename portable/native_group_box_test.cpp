@@ -1,0 +1,172 @@
+// The frame around other native controls: its window's messages and the end of its life.
+
+#include "portable/testing/native_panel_fixture.h"
+#include "portable/testing/stub_element.h"
+#include "ui/mossHarbour/IEditControl.h"
+#include "ui/mossHarbour/IGroupBoxControl.h"
+#include "ui/mossHarbour/IPushButtonControl.h"
+
+#include <functional>
+
+namespace ui::mossHarbour {
+namespace {
+
+using testing::ElementsAre;
+
+class native_group_box : public native_panel_fixture {
+protected:
+    [[nodiscard]] static LONG_PTR procedure_of(HWND window) {
+        return GetWindowLongPtrW(window, GWLP_WNDPROC);
+    }
+};
+
+/// An element without a form, which looks around when it goes.
+class onlooking_element
+    : public com::base_object<com::object_base, IElement, IMaterializableElement, IMaterializedElement> {
+public:
+    // IMaterializableElement
+    com::ptr<IMaterializedElement> materialize(materialization_context&) override { return this; }
+    void dematerialize(materialization_context&) override { when_going(); }
+    // IMaterializedElement
+    element_metrics measure(measure_context&) override { return {}; }
+    void arrange(int, int, int, int) override {}
+
+    std::function<void()> when_going;
+
+protected:
+    ~onlooking_element() = default;
+};
+
+/// Calls a function with each message that is sent to this thread's windows, ahead of their procedures.
+class sent_messages {
+public:
+    using listener = std::function<void(const CWPSTRUCT&)>;
+
+    explicit sent_messages(listener told) {
+        current() = std::move(told);
+        hook = SetWindowsHookExW(WH_CALLWNDPROC, &on_message, nullptr, GetCurrentThreadId());
+    }
+    sent_messages(const sent_messages&) = delete;
+    sent_messages& operator=(const sent_messages&) = delete;
+    ~sent_messages() {
+        UnhookWindowsHookEx(hook);
+        current() = nullptr;
+    }
+
+private:
+    static listener& current() {
+        static listener told;
+        return told;
+    }
+    static LRESULT CALLBACK on_message(int code, WPARAM wparam, LPARAM lparam) {
+        if (code == HC_ACTION) current()(*reinterpret_cast<const CWPSTRUCT*>(lparam));
+        return CallNextHookEx(nullptr, code, wparam, lparam);
+    }
+
+    HHOOK hook = nullptr;
+};
+
+TEST_F(native_group_box, has_its_procedure_back_ahead_of_all_else) {
+    const auto inside = com::create_object<onlooking_element>();
+    const auto group = create_group_box_control();
+    group->set_content(stack_of({inside}));
+    const HWND window = show({group}).front();
+    const LONG_PTR of_the_control = procedure_of(window);
+    WNDCLASSEXW button{};
+    button.cbSize = sizeof button;
+    ASSERT_TRUE(GetClassInfoExW(nullptr, L"Button", &button));
+    const auto of_the_class = reinterpret_cast<LONG_PTR>(button.lpfnWndProc);
+    EXPECT_NE(of_the_control, of_the_class);
+    int going = 0;
+    inside->when_going = [&] {
+        ++going;
+        EXPECT_EQ(procedure_of(window), of_the_class);
+        EXPECT_NE(GetWindowLongPtrW(window, GWLP_USERDATA), 0);
+    };
+    panel->set_content(nullptr);
+    EXPECT_EQ(going, 1);
+    EXPECT_FALSE(IsWindow(window));
+}
+
+TEST_F(native_group_box, and_what_is_in_it_are_forgotten_ahead_of_their_windows_end) {
+    const auto edit = create_edit_control();
+    const auto group = create_group_box_control();
+    group->set_content(stack_of({edit}));
+    const HWND frame = show({group}).front();
+    const HWND field = children_of(frame).front();
+    std::vector<HWND> destroyed;
+    const sent_messages messages([&](const CWPSTRUCT& sent) {
+        if (sent.message != WM_DESTROY) return;
+        destroyed.push_back(sent.hwnd);
+        EXPECT_EQ(GetWindowLongPtrW(sent.hwnd, GWLP_USERDATA), 0);
+        EXPECT_EQ(widget_of(sent.hwnd), nullptr);
+    });
+    panel->set_content(nullptr);
+    EXPECT_THAT(destroyed, ElementsAre(field, frame));
+}
+
+TEST_F(native_group_box, paints_the_dialog_s_colour_between_its_lines) {
+    const auto group = create_group_box_control();
+    const HWND window = show({group}).front();
+    MoveWindow(window, 0, 0, 40, 30, FALSE);
+    const HDC screen = GetDC(nullptr);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 50, 50);
+    const HGDIOBJ former = SelectObject(memory, bitmap);
+    const RECT all{0, 0, 50, 50};
+    FillRect(memory, &all, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    SendMessageW(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), 0);
+    for (const POINT inside : {POINT{0, 0}, POINT{39, 29}, POINT{20, 15}}) {
+        EXPECT_EQ(GetPixel(memory, inside.x, inside.y), GetSysColor(COLOR_BTNFACE)) << inside.x;
+    }
+    EXPECT_EQ(GetPixel(memory, 40, 15), RGB(0, 0, 0));
+    EXPECT_EQ(GetPixel(memory, 20, 30), RGB(0, 0, 0));
+    SelectObject(memory, former);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+}
+
+TEST_F(native_group_box, leaves_all_other_messages_to_its_class) {
+    const auto group = create_group_box_control();
+    const HWND window = show({group}).front();
+    group->set_text(L"Caption");
+    EXPECT_EQ(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0), 7);
+    EXPECT_TRUE(SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_STATIC);
+    EXPECT_EQ(SendMessageW(window, WM_COMMAND, MAKEWPARAM(0, BN_CLICKED), reinterpret_cast<LPARAM>(window)),
+              0);
+    EXPECT_EQ(SendMessageW(window, WM_APP, 1, 2), 0);
+}
+
+TEST_F(native_group_box, stands_in_the_panel_s_window_with_its_content_in_its_own) {
+    const auto inner = create_group_box_control();
+    const auto outer = create_group_box_control();
+    inner->set_content(stack_of({create_push_button_control()}));
+    outer->set_content(stack_of({inner}));
+    const HWND outer_window = show({outer}).front();
+    ASSERT_EQ(children_of(outer_window).size(), 1u);
+    const HWND inner_window = children_of(outer_window).front();
+    ASSERT_EQ(children_of(inner_window).size(), 1u);
+    EXPECT_EQ(GetParent(inner_window), outer_window);
+    EXPECT_EQ(GetParent(outer_window), panel->get_window_handle());
+}
+
+TEST_F(native_group_box, takes_another_content_between_two_lives) {
+    const auto edit = create_edit_control();
+    const auto button = create_push_button_control();
+    const auto group = create_group_box_control();
+    const auto first = stack_of({edit});
+    EXPECT_FALSE(group->set_content(first));
+    show({group});
+    EXPECT_THAT([&] { group->set_content(nullptr); },
+                testing::ThrowsMessage<std::logic_error>(
+                    "An operation was attempted on a control that has already been materialized"));
+    panel->set_content(nullptr);
+    EXPECT_TRUE(group->set_content(stack_of({button})) == first);
+    show({group});
+    button->set_text(L"x");
+    EXPECT_THROW(edit->set_text(L"x"), std::logic_error);
+}
+
+}  // namespace
+}  // namespace ui::mossHarbour
