@@ -3,6 +3,7 @@
 #include "controls/testing/control_window.h"
 #include "d2d/layered_window.h"
 #include "d2d/ui/IPopupOptions.h"
+#include "support/resource_counts.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +19,8 @@ using test_support::meanwhile;
 using test_support::press_mouse;
 using test_support::release_mouse;
 
-/// Three options in rows of 22 pixels, on a control at (10, 50) whose list reaches beyond the window. The
-/// labels are short: at x = 20 there is none.
+/// Three options in rows of 22 pixels, on a control at (10, 50). The labels are short: at x = 20 there is
+/// none.
 class popup_on_screen : public fakes::control_window {
 protected:
     static constexpr POINT on_control{20, 60};
@@ -84,6 +85,45 @@ TEST_F(popup_on_screen, a_drag_in_the_list_chooses) {
     EXPECT_EQ(handle(), GetFocus());
     EXPECT_TRUE(popup->get_node()->has_focus(false));
     EXPECT_TRUE(shows(dark, 10, 60)) << "the outline of what has the focus";
+}
+
+TEST_F(popup_on_screen, the_list_reaches_beyond_the_window_and_leaves_nothing_there) {
+    constexpr POINT beyond{20, 146};
+    const auto screen_before = screen_at(beyond);
+    const auto windows_before = test_support::current_resources().windows;
+    popup->arrange({10, 90, 150, 114});
+    ASSERT_TRUE(shows(white, 20, 100));
+    click(handle(), {20, 100});
+    ASSERT_TRUE(shows_beyond(white, beyond));
+    meanwhile([&] {
+        press_mouse();
+        EXPECT_TRUE(shows(dark, 20, 100));
+        move_mouse(beyond.x, beyond.y);
+        EXPECT_TRUE(shows_beyond(dark, beyond));
+        release_mouse();
+    });
+    EXPECT_TRUE(shows_beyond(screen_before, beyond));
+    EXPECT_EQ(3, changed_to);
+    EXPECT_EQ(windows_before, test_support::current_resources().windows);
+}
+
+TEST_F(popup_on_screen, the_list_goes_with_the_focus) {
+    open();
+    SetFocus(handle());
+    EXPECT_TRUE(becomes_closed());
+    EXPECT_EQ(std::nullopt, changed_to);
+    EXPECT_TRUE(shows(pale, on_control.x, on_control.y)) << "the mouse is there still";
+    click(handle(), {30, 66});  // no double click
+    ASSERT_TRUE(becomes_open());
+    SetFocus(nullptr);
+    EXPECT_TRUE(becomes_closed());
+    EXPECT_EQ(1, popup->get_selected());
+}
+
+TEST_F(popup_on_screen, a_press_with_another_button_opens_nothing) {
+    click(handle(), on_control, test_support::mouse_button::right);
+    EXPECT_TRUE(shows(dark, 10, 60)) << "the focus is there";
+    EXPECT_TRUE(shows(green, 20, 110));
 }
 
 TEST_F(popup_on_screen, a_release_off_the_list_chooses_nothing) {
