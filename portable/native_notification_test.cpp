@@ -3,7 +3,9 @@
 #include "portable/testing/every_kind.h"
 #include "portable/testing/native_panel_fixture.h"
 
+#include <future>
 #include <optional>
+#include <thread>
 
 #include <commctrl.h>
 
@@ -146,6 +148,25 @@ TEST_F(native_notification, of_a_client_s_own_window_is_left_alone) {
     SendMessageW(window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
     EXPECT_THAT(events, IsEmpty());
     DestroyWindow(own);
+}
+
+TEST_F(native_notification, of_another_thread_s_control_is_not_handled) {
+    std::promise<HWND> shown;
+    std::promise<void> seen;
+    std::thread other([&] {
+        const auto theirs = create_win32_hwnd_panel(nullptr);
+        const auto pressed = create_push_button_control();
+        pressed->set_on_click([](IPanel*) { ADD_FAILURE() << "pressed from another thread"; });
+        theirs->set_content(stack_of({pressed}));
+        shown.set_value(children_of(theirs->create_window(0, L"theirs", WS_POPUP, nullptr)).front());
+        seen.get_future().wait();
+        theirs->destroy_window();
+    });
+    const HWND window = shown.get_future().get();
+    EXPECT_EQ(widget_of(window), nullptr);
+    EXPECT_FALSE(route_notification(WM_COMMAND, 0, reinterpret_cast<LPARAM>(window)));
+    seen.set_value();
+    other.join();
 }
 
 TEST_F(native_notification, by_notify_message_is_not_handled_by_these_kinds) {

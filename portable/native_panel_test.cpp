@@ -290,6 +290,8 @@ TEST_F(native_panel, asks_its_handler_to_close_and_does_nothing_without) {
     panel->set_on_close(nullptr);
     SendMessageW(window(), WM_CLOSE, 0, 0);
     EXPECT_EQ(asked, 1);
+    MSG posted{};
+    EXPECT_FALSE(PeekMessageW(&posted, window(), WM_COMMAND, WM_COMMAND, PM_REMOVE)) << "as dialogs do it";
 }
 
 TEST_F(native_panel, may_be_released_by_its_close_handler) {
