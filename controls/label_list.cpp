@@ -24,7 +24,10 @@ scene::layout::metrics label_list::measure() {
     return {{}, {5, 5}, {unlimited, unlimited}, scroll_area->measure().preferred_size};
 }
 
+// Labels, and handlers that hear of them, may drop the list: each change keeps it.
+
 void label_list::insert_item(int index, ILabel* label, int value) {
+    const com::ptr<label_list> keep = this;
     const auto added = com::create_object<item>(*this, label, value);
     const std::size_t end = items.size();
     const std::size_t place = index < 0 ? end : std::min(static_cast<std::size_t>(index), end);
@@ -43,6 +46,7 @@ void label_list::reserved2() {
 }
 
 void label_list::clear() {
+    const com::ptr<label_list> keep = this;
     stack = scene::layout::create_stack(0);
     const auto former = std::exchange(items, {});
     selected = {};
@@ -74,7 +78,6 @@ com::ptr<scene::IBrush> label_list::brush(std::string_view key) const {
 /// As the labels measure now. They may be a client's, and do what they like: of layouts within a layout the
 /// innermost counts.
 void label_list::lay_out() {
-    const com::ptr<label_list> keep = this;
     const auto laid_out = stack;
     const unsigned layout = ++layouts;
     const D2D_SIZE_F size = laid_out->measure().preferred_size;

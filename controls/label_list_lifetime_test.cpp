@@ -116,6 +116,21 @@ TEST_F(label_list_lifetime, anything_may_happen_when_the_content_has_other_bound
     root->remove_bounds_handler(handler);
 }
 
+TEST_F(label_list_lifetime, anything_may_happen_as_a_row_comes) {
+    std::function<void()> action;
+    const auto handler = root->add_bounds_handler([&](bool, D2D_RECT_F) {
+        if (action) action();
+    });
+    meddle([&](auto given) { action = given; },
+           [&] {
+               fakes::fake_label& added = make_label();
+               record(added.node, {0, 0, 500, 500});
+               list->insert_item(1, &added, 7);
+               action = nullptr;
+           });
+    root->remove_bounds_handler(handler);
+}
+
 TEST_F(label_list_lifetime, list_that_is_cleared_as_it_takes_the_focus_selects_nothing) {
     fill(2);
     content_of(*labels[0])->set_focus_handler(false, [this](auto*, auto*) {

@@ -27,17 +27,24 @@ std::shared_ptr<row> make_row(ILabelTable::sort_value value, ILabelTable::row_ke
     return made;
 }
 
-/// Puts the labels of a row below a node; all of them or none.
+void detach_labels(scene::INode& node, std::span<const cell> cells) {
+    for (const cell& each : cells) node.remove_child(each.label->get_node());
+}
+
+/// Puts the labels of a row below a node, as long as the row is there; all of them or none.
 void attach_labels(scene::INode& node, const row& added) {
+    const std::span<const cell> cells = added.cells;
     std::size_t attached = 0;
     try {
-        for (; attached < added.cells.size(); ++attached) {
-            node.add_child(added.cells[attached].label->get_node());
+        while (attached < cells.size() && !added.removed) {
+            node.add_child(cells[attached].label->get_node());
+            ++attached;
         }
     } catch (...) {
-        while (attached > 0) node.remove_child(added.cells[--attached].label->get_node());
+        detach_labels(node, cells.first(attached));
         throw;
     }
+    if (added.removed) detach_labels(node, cells.first(attached));
 }
 
 }  // namespace
@@ -132,25 +139,30 @@ void control::put_row(std::size_t index, int section, std::shared_ptr<row> added
     }
 }
 
+std::shared_ptr<row> control::take_out(int section, std::size_t index) {
+    auto taken = rows.take(section, index);
+    taken->removed = true;
+    const auto placed = shown[section];
+    const auto place = std::find(placed.begin(), placed.end(), taken.get());
+    if (place != placed.end()) shown.take(section, static_cast<std::size_t>(place - placed.begin()));
+    forget_candidates();
+    return taken;
+}
+
 void control::take_back(int section, const row& added) {
-    const auto placed = rows[section];
+    const auto all = rows[section];
     const auto place =
-        std::find_if(placed.begin(), placed.end(), [&](const auto& each) { return each.get() == &added; });
-    if (place != placed.end()) rows.take(section, static_cast<std::size_t>(place - placed.begin()));
+        std::find_if(all.begin(), all.end(), [&](const auto& each) { return each.get() == &added; });
+    if (place != all.end()) take_out(section, static_cast<std::size_t>(place - all.begin()));
 }
 
 void control::remove_row(unsigned index, int section) {
     check_section(section);
     require(index < rows.size(section), "invalid row number");
     const com::ptr<control> keep = this;
-    const std::shared_ptr<row> removed = rows.take(section, index);
-    removed->removed = true;
-    const auto placed = shown[section];
-    const auto place = std::find(placed.begin(), placed.end(), removed.get());
-    if (place != placed.end()) shown.take(section, static_cast<std::size_t>(place - placed.begin()));
-    forget_candidates();
+    const auto removed = take_out(section, index);
     const com::ptr<scene::INode> node = labels_of(section);
-    for (const cell& each : removed->cells) node->remove_child(each.label->get_node());
+    detach_labels(*node, removed->cells);
 }
 
 void control::reserved2() {

@@ -72,6 +72,7 @@ private:
     /// Whether a row may have so many labels.
     [[nodiscard]] bool fits(std::size_t labels) const noexcept;
     void put_row(std::size_t index, int section, std::shared_ptr<row> added);
+    std::shared_ptr<row> take_out(int section, std::size_t index);
     void take_back(int section, const row& added);
     void drop_labels(int section);
 

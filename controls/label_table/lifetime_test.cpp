@@ -188,6 +188,52 @@ TEST_F(label_table_lifetime, anything_may_happen_when_the_content_has_other_boun
     root->remove_bounds_handler(handler);
 }
 
+TEST_F(label_table_lifetime, anything_may_happen_as_a_row_comes_and_as_shapes_are_drawn) {
+    std::function<void()> action;
+    const auto arm = [&](auto given) {
+        leave();
+        // What the body and the shapes beneath it cover.
+        const auto content = label(1).node->get_parent()->get_parent()->get_parent();
+        content->add_bounds_handler([&](bool, D2D_RECT_F) {
+            if (action) action();
+        });
+        action = given;
+    };
+    const std::function<void()> acts[] = {
+        [&] {
+            const labels made = make_labels(40);
+            for (const auto& each : made) record(each->node, {0, 0, 500, 500});
+            table->insert_row(3, body, 0, 40, {made[0].get(), made[1].get()});
+        },
+        [&] { move_to(in_row(1)); },
+        [&] { press_row(1, left_held | control); },
+    };
+    for (const auto& act : acts) {
+        meddle(arm, [&] {
+            act();
+            action = nullptr;
+        });
+    }
+    drop_table();
+}
+
+TEST_F(label_table_lifetime, row_that_is_refused_when_it_has_been_laid_out_already_leaves_nothing_behind) {
+    fill(2);
+    const labels made = make_labels(9);
+    record(made[0]->node, {0, 0, 500, 500});
+    const auto handler = root->add_bounds_handler([this](bool, D2D_RECT_F) { lay_out(); });
+    EXPECT_EQ("unexpected", thrown_by([&] { table->insert_row(1, body, 0, 9, {made[0].get(), &label(1)}); }));
+    root->remove_bounds_handler(handler);
+    EXPECT_FALSE(made[0]->node->get_parent());
+    EXPECT_TRUE(label(1).node->get_parent());
+    EXPECT_EQ(2u, table->get_row_count());
+    table->enable_multi_select();
+    press_row(0, left_held | control);
+    press_row(1, left_held | control);
+    press_row(2, left_held | control);
+    EXPECT_EQ((keys{1, 2}), selected());
+}
+
 TEST_F(label_table_lifetime, row_that_moves_while_a_drag_is_awaited_is_the_one_selected) {
     fill(3);
     site.while_detecting = [this] {

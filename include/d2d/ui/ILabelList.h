@@ -14,6 +14,12 @@ namespace d2d::ui {
 ///
 /// The rows are laid out whenever one comes, and at `clear`, as the labels measure then. What a label becomes
 /// later shows at the next of these.
+///
+/// A row takes the mouse where it paints something: as long as it is neither hot nor selected, on its label
+/// alone. Its shape lies where it was when the state changed last; a row that comes ahead of it moves the
+/// label only.
+///
+/// Labels and handlers may change the list while they run.
 struct ILabelList : IControl {
     /// Adds a row ahead of the one at `index`; behind all when there is none, or when it is negative. Keeps
     /// the label, whose node must be free: else throws `std::logic_error` "unexpected", with nothing changed.

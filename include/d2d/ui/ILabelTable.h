@@ -25,6 +25,8 @@ namespace d2d::ui {
 ///     table->end_update();
 ///
 /// Indices of rows count within a section, in the order of insertion, whatever the order that is shown.
+///
+/// Labels and handlers may change the table while they run; of layouts within a layout the innermost counts.
 struct ILabelTable : IControl {
     /// What rows are sorted by. The table only hands it to the function that compares.
     using sort_value = std::int32_t;
