@@ -3,25 +3,6 @@
 #include <algorithm>
 
 namespace ui::mossHarbour {
-namespace {
-
-/// Where a track is, or belongs: looks at `recent`, and behind it, first.
-template <class Track>
-std::size_t find_place(const std::vector<Track>& tracks, int index, std::size_t recent) noexcept {
-    for (const std::size_t i : {recent, recent + 1}) {
-        if (i < tracks.size() && tracks[i].index == index) return i;
-    }
-    const auto found = std::lower_bound(tracks.begin(), tracks.end(), index,
-                                        [](const Track& at, int wanted) { return at.index < wanted; });
-    return static_cast<std::size_t>(found - tracks.begin());
-}
-
-template <class Track>
-bool is_at(const std::vector<Track>& tracks, std::size_t place, int index) noexcept {
-    return place < tracks.size() && tracks[place].index == index;
-}
-
-}  // namespace
 
 void grid_tracks::clear() noexcept {
     tracks.clear();
@@ -29,21 +10,12 @@ void grid_tracks::clear() noexcept {
     total_gap = 0;
 }
 
-void grid_tracks::include(int index, const axis_metrics& wanted) {
-    recent = find_place(tracks, index, recent);
-    if (!is_at(tracks, recent, index)) {
-        tracks.insert(tracks.begin() + static_cast<std::ptrdiff_t>(recent), track{index, {}});
-    }
-    axis_metrics& widened = tracks[recent].wanted;
-    widened.leading = std::max(widened.leading, wanted.leading);
-    widened.min = std::max(widened.min, wanted.min);
-    widened.preferred = std::max(widened.preferred, wanted.preferred);
-    widened.max = std::max(widened.max, wanted.max);
-    widened.trailing = std::max(widened.trailing, wanted.trailing);
+void grid_tracks::insert(int index) {
+    tracks.insert(tracks.begin() + static_cast<std::ptrdiff_t>(recent), track{index, {}});
 }
 
 bool grid_tracks::has(int index) const noexcept {
-    return is_at(tracks, find_place(tracks, index, recent), index);
+    return is_track_at(tracks, find_track(tracks, index, recent), index);
 }
 
 axis_metrics grid_tracks::measure() noexcept {
@@ -88,11 +60,6 @@ track_places grid_tracks::place(axis_span room) const {
         cursor = at.span.end;
     }
     return {std::move(placements), room.start};
-}
-
-axis_span track_places::of(int index) noexcept {
-    recent = find_place(places, index, recent);
-    return is_at(places, recent, index) ? places[recent].span : nowhere;
 }
 
 }  // namespace ui::mossHarbour

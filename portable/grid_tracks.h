@@ -2,6 +2,7 @@
 
 #include "portable/layout_arithmetic.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -20,15 +21,34 @@ struct track_placement : track {
     double weight;  // its part of what there is beyond the minimums
 };
 
-/// Where the tracks of a grid are, by their numbers. Items mostly come row by row: the track that was asked
-/// for last, and the one behind it, are found at once.
+/// Where the track with a number is, or belongs, among sorted ones. Items mostly come row by row: `recent`,
+/// where the one before was, and the place behind it are looked at first.
+template <class Track>
+[[nodiscard]] std::size_t find_track(const std::vector<Track>& tracks, int index,
+                                     std::size_t recent) noexcept {
+    if (recent < tracks.size() && tracks[recent].index == index) return recent;
+    if (recent + 1 < tracks.size() && tracks[recent + 1].index == index) return recent + 1;
+    const auto found = std::lower_bound(tracks.begin(), tracks.end(), index,
+                                        [](const Track& at, int wanted) { return at.index < wanted; });
+    return static_cast<std::size_t>(found - tracks.begin());
+}
+
+template <class Track>
+[[nodiscard]] bool is_track_at(const std::vector<Track>& tracks, std::size_t place, int index) noexcept {
+    return place < tracks.size() && tracks[place].index == index;
+}
+
+/// Where the tracks of a grid are, by their numbers.
 class track_places {
 public:
-    /// Those without a place of their own start and end at `near_edge`.
+    /// A number without a track starts and ends at `near_edge`.
     track_places(std::vector<track_placement> placed, int near_edge) noexcept
         : places(std::move(placed)), nowhere{near_edge, near_edge} {}
 
-    [[nodiscard]] axis_span of(int index) noexcept;
+    [[nodiscard]] axis_span of(int index) noexcept {
+        recent = find_track(places, index, recent);
+        return is_track_at(places, recent, index) ? places[recent].span : nowhere;
+    }
 
 private:
     std::vector<track_placement> places;  // sorted by index
@@ -42,7 +62,14 @@ public:
     /// Forgets all tracks, and keeps their room.
     void clear() noexcept;
     /// Widens the track of an item; makes it if it is not there yet.
-    void include(int index, const axis_metrics& wanted);
+    void include(int index, const axis_metrics& wanted) {
+        recent = find_track(tracks, index, recent);
+        if (!is_track_at(tracks, recent, index)) insert(index);
+        axis_metrics& widened = tracks[recent].wanted;
+        widened = {std::max(widened.leading, wanted.leading), std::max(widened.min, wanted.min),
+                   std::max(widened.preferred, wanted.preferred), std::max(widened.max, wanted.max),
+                   std::max(widened.trailing, wanted.trailing)};
+    }
     [[nodiscard]] bool has(int index) const noexcept;
     /// What all of them want together; there has to be one.
     [[nodiscard]] axis_metrics measure() noexcept;
@@ -50,6 +77,8 @@ public:
     [[nodiscard]] track_places place(axis_span room) const;
 
 private:
+    void insert(int index);
+
     std::vector<track> tracks;  // sorted by index
     std::size_t recent = 0;     // of the latest `include`
     int total_gap = 0;          // as measured
