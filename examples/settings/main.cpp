@@ -1,12 +1,16 @@
 // A settings form as a program would have it, described once by portable controls.
 //
-//     settings [file]      file: where to save, settings.txt unless given
+//     settings [--scene | --native] [file]
+//
+// --scene, --native: what shows the controls, whatever the user's choice in the registry is
+// file: where to save, settings.txt unless given
 
-#include "settings_form.h"
+#include "settings_window.h"
 #include "ui/mossHarbour/IHwndPanel.h"
 
 #include <exception>
 #include <filesystem>
+#include <string_view>
 
 #include <windows.h>
 
@@ -16,49 +20,25 @@ namespace {
 
 namespace portable = ui::mossHarbour;
 
-void show(portable::IHwndPanel& panel) {
-    const int around = portable::font_percent(50);
-    panel.set_padding(around, around, around, around);
-    panel.measure();
-    const SIZE size = panel.get_window_sizes().preferred;
-    SetWindowPos(panel.get_window_handle(), nullptr, 120, 120, size.cx, size.cy, SWP_NOZORDER);
-    ShowWindow(panel.get_window_handle(), SW_SHOW);
-}
+struct options {
+    decltype(&portable::create_hwnd_panel) create_panel = &portable::create_hwnd_panel;
+    std::filesystem::path file = L"settings.txt";
+};
 
-void run_message_loop(portable::IHwndPanel& panel) {
-    MSG message{};
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (panel.translate_message(message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-}
-
-void run(const std::filesystem::path& file) {
-    harbour::settings_form form;
-    const auto panel = portable::create_d2d_hwnd_panel(nullptr);
-    panel->set_content(form.layout());
-    panel->create_window(0, L"Settings", WS_OVERLAPPEDWINDOW, nullptr);
-    form.show({});  // texts belong to the controls on the screen, and those to what is measured
-    show(*panel);
-    bool is_saved = false;
-    form.on_save = [&] {
-        is_saved = true;
-        PostQuitMessage(0);
-    };
-    form.on_cancel = [] { PostQuitMessage(0); };
-    panel->set_on_close(form.on_cancel);
-    run_message_loop(*panel);
-    if (is_saved) harbour::save(form.read(), file);
-    panel->destroy_window();
-    panel->set_content(nullptr);
-}
-
-/// The first argument of the command line, or a name in the current folder.
-std::filesystem::path chosen_file() {
+options read_command_line() {
+    options result;
     int count = 0;
     wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
-    std::filesystem::path result = count > 1 ? arguments[1] : L"settings.txt";
+    for (int i = 1; i < count; ++i) {
+        const std::wstring_view argument = arguments[i];
+        if (argument == L"--scene") {
+            result.create_panel = &portable::create_d2d_hwnd_panel;
+        } else if (argument == L"--native") {
+            result.create_panel = &portable::create_win32_hwnd_panel;
+        } else {
+            result.file = argument;
+        }
+    }
     LocalFree(arguments);
     return result;
 }
@@ -67,7 +47,8 @@ std::filesystem::path chosen_file() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     try {
-        run(chosen_file());
+        const auto [create_panel, file] = read_command_line();
+        harbour::settings_window(create_panel(nullptr), file).run();
         return 0;
     } catch (const std::exception& failure) {
         MessageBoxA(nullptr, failure.what(), "Settings", MB_ICONERROR);

@@ -44,6 +44,11 @@ settings_form::settings_form()
       options{{&values::lights, L"Light the lamps at dusk"},
               {&values::horn, L"Sound the horn in fog"},
               {&values::log, L"Keep a log"}},
+      commands{{&settings_form::on_open, L"Open..."},
+               {&settings_form::on_save_as, L"Save as..."},
+               {&settings_form::on_ports, L"Ports..."},
+               {&settings_form::on_save, L"Save"},
+               {&settings_form::on_cancel, L"Cancel"}},
       outer(create_stack_layout(orientation::vertical)) {
     outer->add_item(spaced(), heading);
     outer->add_item(stretched(), make_fields());
@@ -90,18 +95,15 @@ com::ptr<ILayout> settings_form::make_groups() const {
 
 com::ptr<ILayout> settings_form::make_buttons() {
     const auto row = create_stack_layout(orientation::horizontal);
-    for (const auto& button : {save_button, cancel_button}) {
+    for (const auto& [handler, caption, button] : commands) {
         auto details = spaced(item_alignment::centre);
         details.min_width = details.preferred_width = details.max_width = font_percent(600);
         details.max_height = use_preferred;
         row->add_item(details, button);
+        button->set_on_click([this, chosen = handler](IPanel*) {
+            if (this->*chosen) (this->*chosen)();
+        });
     }
-    save_button->set_on_click([this](IPanel*) {
-        if (on_save) on_save();
-    });
-    cancel_button->set_on_click([this](IPanel*) {
-        if (on_cancel) on_cancel();
-    });
     return row;
 }
 
@@ -117,8 +119,13 @@ void settings_form::show(const values& shown) {
     }
     units.show(static_cast<std::size_t>(shown.units));
     watch.show(static_cast<std::size_t>(shown.watch));
-    save_button->set_text(L"Save");
-    cancel_button->set_text(L"Cancel");
+    for (const auto& [handler, caption, button] : commands) button->set_text(caption);
+}
+
+void settings_form::show_next_port(const wchar_t* name) {
+    for (const auto& each : fields) {
+        if (each.value == &values::next_port) each.edit->set_text(name);
+    }
 }
 
 values settings_form::read() const {

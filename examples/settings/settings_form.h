@@ -27,6 +27,12 @@ public:
     void show(const values& shown);
     [[nodiscard]] values read() const;
 
+    /// The text of the next port's field alone.
+    void show_next_port(const wchar_t* name);
+
+    std::function<void()> on_open;
+    std::function<void()> on_save_as;
+    std::function<void()> on_ports;
     std::function<void()> on_save;
     std::function<void()> on_cancel;
 
@@ -43,6 +49,11 @@ private:
         const wchar_t* caption;
         com::ptr<ui::mossHarbour::ICheckBoxControl> box = ui::mossHarbour::create_check_box_control();
     };
+    struct command {
+        std::function<void()> settings_form::*handler;
+        const wchar_t* caption;
+        com::ptr<ui::mossHarbour::IPushButtonControl> button = ui::mossHarbour::create_push_button_control();
+    };
 
     [[nodiscard]] com::ptr<ui::mossHarbour::ILayout> make_fields() const;
     [[nodiscard]] com::ptr<ui::mossHarbour::ILayout> make_options() const;
@@ -54,9 +65,7 @@ private:
     std::vector<option> options;
     choice units{{L"Metres and kilometres", L"Feet and miles"}};
     choice watch{{L"Four hours", L"Six hours", L"Dog watches"}};
-    com::ptr<ui::mossHarbour::IPushButtonControl> save_button = ui::mossHarbour::create_push_button_control();
-    com::ptr<ui::mossHarbour::IPushButtonControl> cancel_button =
-        ui::mossHarbour::create_push_button_control();
+    std::vector<command> commands;
     com::ptr<ui::mossHarbour::IStackLayout> outer;
 };
 

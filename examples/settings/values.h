@@ -21,9 +21,14 @@ struct values {
     bool log = true;
     unit_system units = unit_system::metric;
     watch_length watch = watch_length::four_hours;
+
+    bool operator==(const values&) const = default;
 };
 
 /// Writes them down, in UTF-8, a line each. Throws `std::runtime_error` when that fails.
 void save(const values& written, const std::filesystem::path& file);
+/// What was written down; the rest is as it is at first. Throws `std::runtime_error` when the file cannot be
+/// read.
+[[nodiscard]] values load(const std::filesystem::path& file);
 
 }  // namespace harbour

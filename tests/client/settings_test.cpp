@@ -53,7 +53,7 @@ protected:
     const std::filesystem::path file =
         std::filesystem::temp_directory_path() /
         ("mossHarbour-settings-" + std::to_string(GetCurrentProcessId()) + ".txt");
-    running_program program{L"settings.exe", L"Settings", L"\"" + file.wstring() + L"\""};
+    running_program program{L"settings.exe", L"Settings", L"--scene \"" + file.wstring() + L"\""};
     HWND window = program.window();
     onlooker eye{window};
 };
