@@ -5,7 +5,7 @@
 #include <array>
 #include <optional>
 
-#include <dcommon.h>
+#include <d2d1.h>
 
 namespace d2d {
 
