@@ -81,6 +81,8 @@ const std::vector<key_case>& key_cases() {
         {L"Ha|rbour", VK_DELETE, none, L"Ha|bour", true, 1},
         {L"|Harbour", VK_DELETE, none, L"|arbour", true, 1},
         {L"Harbou|r", VK_DELETE, none, L"Harbou|", true, 1},
+        {L"Harbour|", VK_DELETE, none, L"Harbour|", true, 1},  // counts as a change all the same
+        {L"|", VK_DELETE, none, L"|", true, 1},
         {L"H[arb|]our", VK_DELETE, none, L"H|our", true, 1},
         {L"H[|arb]our", VK_DELETE, none, L"H|our", true, 1},
         {L"[Harbour|]", VK_DELETE, none, L"|", true, 1},
@@ -96,26 +98,18 @@ const std::vector<key_case>& key_cases() {
     return cases;
 }
 
-TEST_F(line_edit_key_test, each_key_does_its_part) {
-    for (const key_case& each : key_cases()) {
-        SCOPED_TRACE(testing::Message() << testing::PrintToString(std::wstring(each.before)) << " key "
-                                        << each.key << " modifiers " << int{each.modifiers});
-        make_focused(each.before);
-        ASSERT_EQ(each.before, look()) << "the test's own preparation";
-        EXPECT_EQ(each.handled, press(each.key, each.modifiers));
-        EXPECT_EQ(each.after, look());
-        EXPECT_EQ(each.changes, changes);
-    }
-}
-
-TEST_F(line_edit_key_test, keys_do_the_same_without_a_frame) {
-    for (const key_case& each : key_cases()) {
-        SCOPED_TRACE(testing::Message() << testing::PrintToString(std::wstring(each.before)) << " key "
-                                        << each.key << " modifiers " << int{each.modifiers});
-        make_focused(each.before, false);
-        ASSERT_EQ(each.before, look()) << "the test's own preparation";
-        EXPECT_EQ(each.handled, press(each.key, each.modifiers));
-        EXPECT_EQ(each.after, look());
+TEST_F(line_edit_key_test, each_key_does_its_part_with_and_without_a_frame) {
+    for (const bool framed : {true, false}) {
+        for (const key_case& each : key_cases()) {
+            SCOPED_TRACE(testing::Message()
+                         << testing::PrintToString(std::wstring(each.before)) << " key " << each.key
+                         << " modifiers " << int{each.modifiers} << (framed ? "" : ", no frame"));
+            make_focused(each.before, framed);
+            ASSERT_EQ(each.before, look()) << "the test's own preparation";
+            EXPECT_EQ(each.handled, press(each.key, each.modifiers));
+            EXPECT_EQ(each.after, look());
+            EXPECT_EQ(each.changes, changes);
+        }
     }
 }
 
@@ -183,129 +177,73 @@ TEST_F(line_edit_key_test, owner_sees_the_arrows_up_and_down_behind_the_edit) {
 // A selection that comes and goes
 
 TEST_F(line_edit_key_test, selection_vanishes_where_the_cursor_meets_the_anchor) {
-    make_focused(L"Har|bour");
-    press(VK_LEFT, shift);
-    EXPECT_EQ(L"Ha[|r]bour", look());
-    press(VK_RIGHT, shift);
-    EXPECT_EQ(L"Har|bour", look());
-    press(VK_LEFT);
-    EXPECT_EQ(L"Ha|rbour", look()) << "a move: nothing is left to be ended";
+    follow(L"Har|bour", {{"shift+left", L"Ha[|r]bour"},
+                         {"shift+right", L"Har|bour"},
+                         {"left", L"Ha|rbour"}});  // a move: nothing is left to be ended
 }
 
 TEST_F(line_edit_key_test, selection_turns_over_at_its_anchor) {
-    make_focused(L"Har|bour");
-    press(VK_HOME, shift);
-    EXPECT_EQ(L"[|Har]bour", look());
-    press(VK_END, shift);
-    EXPECT_EQ(L"Har[bour|]", look());
-    for (int i = 0; i < 5; ++i) press(VK_LEFT, shift);
-    EXPECT_EQ(L"Ha[|r]bour", look());
+    follow(L"Har|bour", {{"shift+home", L"[|Har]bour"},
+                         {"shift+end", L"Har[bour|]"},
+                         {"shift+left", L"Har[bou|]r"},
+                         {"shift+left", L"Har[bo|]ur"},
+                         {"shift+left", L"Har[b|]our"},
+                         {"shift+left", L"Har|bour"},
+                         {"shift+left", L"Ha[|r]bour"}});
 }
 
 TEST_F(line_edit_key_test, second_selection_starts_from_the_cursor) {
-    make_focused(L"Har|bour");
-    press(VK_RIGHT, shift);
-    press(VK_RIGHT);
-    press(VK_RIGHT);
-    press(VK_LEFT, shift);
-    EXPECT_EQ(L"Harb[|o]ur", look());
+    follow(L"Har|bour", {{"shift+right", L"Har[b|]our"},
+                         {"right", L"Harb|our"},
+                         {"right", L"Harbo|ur"},
+                         {"shift+left", L"Harb[|o]ur"}});
 }
 
 // The odd state that a deletion leaves
 
 TEST_F(line_edit_key_test, arrow_behind_a_deletion_of_a_backward_selection_does_not_move) {
-    for (const std::uint32_t erasing : codes{VK_BACK, VK_DELETE}) {
-        for (const std::uint32_t arrow : codes{VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN}) {
-            const bool moves = arrow == VK_LEFT || arrow == VK_RIGHT;
-            make_focused(L"Ha[|rb]our");
-            press(erasing);
-            EXPECT_EQ(L"Ha|our", look());
-            EXPECT_EQ(moves, press(arrow));
-            EXPECT_EQ(L"Ha|our", look()) << arrow;
-            press(arrow);
-            const wchar_t* const after = arrow == VK_LEFT    ? L"H|aour"
-                                         : arrow == VK_RIGHT ? L"Hao|ur"
-                                                             : L"Ha|our";
-            EXPECT_EQ(after, look());
-        }
+    for (const char* const erasing : {"back", "delete"}) {
+        follow(L"Ha[|rb]our", {{erasing, L"Ha|our"}, {"left", L"Ha|our"}, {"left", L"H|aour"}});
+        follow(L"Ha[|rb]our", {{erasing, L"Ha|our"}, {"right", L"Ha|our"}, {"right", L"Hao|ur"}});
+        follow(L"Ha[|rb]our", {{erasing, L"Ha|our"}, {"up", L"Ha|our"}, {"left", L"H|aour"}});
+        follow(L"Ha[|rb]our", {{erasing, L"Ha|our"}, {"down", L"Ha|our"}, {"right", L"Hao|ur"}});
     }
 }
 
 TEST_F(line_edit_key_test, arrow_behind_a_deletion_of_a_forward_selection_moves) {
-    for (const std::uint32_t erasing : codes{VK_BACK, VK_DELETE}) {
-        make_focused(L"Ha[rb|]our");
-        press(erasing);
-        EXPECT_EQ(L"Ha|our", look());
-        press(VK_LEFT);
-        EXPECT_EQ(L"H|aour", look());
-        make_focused(L"Ha[rb|]our");
-        press(erasing);
-        press(VK_RIGHT);
-        EXPECT_EQ(L"Hao|ur", look());
+    for (const char* const erasing : {"back", "delete"}) {
+        follow(L"Ha[rb|]our", {{erasing, L"Ha|our"}, {"left", L"H|aour"}});
+        follow(L"Ha[rb|]our", {{erasing, L"Ha|our"}, {"right", L"Hao|ur"}});
     }
 }
 
 TEST_F(line_edit_key_test, deletion_of_a_backward_selection_keeps_its_anchor) {
-    make_focused(L"Ha[|rb]ours");
-    press(VK_DELETE);
-    press(VK_RIGHT, shift);
-    EXPECT_EQ(L"Hao[|u]rs", look()) << "still from 4, where the selection was begun";
-    press(VK_RIGHT, shift);
-    EXPECT_EQ(L"Haou|rs", look());
-    press(VK_RIGHT, shift);
-    EXPECT_EQ(L"Haou[r|]s", look());
+    follow(L"Ha[|rb]ours", {{"delete", L"Ha|ours"},
+                            {"shift+right", L"Hao[|u]rs"},  // from 4, where the selection was begun
+                            {"shift+right", L"Haou|rs"},
+                            {"shift+right", L"Haou[r|]s"}});
 }
 
-TEST_F(line_edit_key_test, edits_end_the_state_behind_a_deletion_of_a_backward_selection) {
-    make_focused(L"Ha[|rb]our");
-    press(VK_DELETE);
-    type(L"x");
-    EXPECT_EQ(L"Hax|our", look());
-    press(VK_LEFT);
-    EXPECT_EQ(L"Ha|xour", look());
-
-    make_focused(L"Ha[|rb]our");
-    press(VK_DELETE);
-    press(VK_BACK);
-    EXPECT_EQ(L"H|our", look());
-    press(VK_RIGHT);
-    EXPECT_EQ(L"Ho|ur", look());
+TEST_F(line_edit_key_test, edits_and_moves_end_the_state_behind_a_deletion_of_a_backward_selection) {
+    follow(L"Ha[|rb]our", {{"delete", L"Ha|our"}, {"type x", L"Hax|our"}, {"left", L"Ha|xour"}});
+    follow(L"Ha[|rb]our", {{"delete", L"Ha|our"}, {"back", L"H|our"}, {"right", L"Ho|ur"}});
+    follow(L"Ha[|rb]our", {{"delete", L"Ha|our"}, {"home", L"|Haour"}, {"right", L"H|aour"}});
 }
 
-TEST_F(line_edit_key_test, further_delete_keeps_the_state_behind_a_deletion_of_a_backward_selection) {
-    make_focused(L"Ha[|rb]our");
-    press(VK_DELETE);
-    press(VK_DELETE);
-    EXPECT_EQ(L"Ha|ur", look());
-    press(VK_LEFT);
-    EXPECT_EQ(L"Ha|ur", look());
-    press(VK_LEFT);
-    EXPECT_EQ(L"H|aur", look());
-}
-
-TEST_F(line_edit_key_test, plain_home_ends_the_state_behind_a_deletion_of_a_backward_selection) {
-    make_focused(L"Ha[|rb]our");
-    press(VK_DELETE);
-    press(VK_HOME);
-    EXPECT_EQ(L"|Haour", look());
-    press(VK_RIGHT);
-    EXPECT_EQ(L"H|aour", look());
+TEST_F(line_edit_key_test, deletions_and_clicks_on_the_spot_keep_the_state_behind_a_deletion) {
+    for (const char* const harmless : {"delete", "click 2"}) {
+        make_focused(L"Ha[|rb]our");
+        act("delete");
+        act(harmless);
+        const std::wstring before = look();
+        act("left");
+        EXPECT_EQ(before, look()) << harmless;
+        act("left");
+        EXPECT_EQ(1u, caret()) << harmless;
+    }
 }
 
 // Changes
-
-TEST_F(line_edit_key_test, delete_at_the_end_counts_as_a_change) {
-    make_focused(L"Harbour|");
-    EXPECT_TRUE(press(VK_DELETE));
-    EXPECT_EQ(L"Harbour|", look());
-    EXPECT_EQ(1, changes);
-}
-
-TEST_F(line_edit_key_test, delete_in_no_text_counts_as_a_change) {
-    make_focused(L"|");
-    EXPECT_TRUE(press(VK_DELETE));
-    EXPECT_EQ(1, changes);
-}
 
 TEST_F(line_edit_key_test, moves_are_no_changes) {
     make_focused(L"H[arb|]our");
@@ -335,27 +273,16 @@ TEST_F(line_edit_key_test, change_is_told_when_all_is_drawn) {
 // Characters
 
 TEST_F(line_edit_key_test, characters_go_in_at_the_cursor) {
-    make_focused(L"Ha|bour");
-    type(L"r");
-    EXPECT_EQ(L"Har|bour", look());
-    EXPECT_EQ(1, changes);
-    type(L"-b");
-    EXPECT_EQ(L"Har-b|bour", look());
+    follow(L"Ha|bour", {{"type r", L"Har|bour"}, {"type -b", L"Har-b|bour"}});
     EXPECT_EQ(3, changes);
 }
 
 TEST_F(line_edit_key_test, character_takes_the_place_of_the_selection) {
     for (const wchar_t* const before : {L"Ha[rb|]our", L"Ha[|rb]our"}) {
-        make_focused(before);
-        type(L"x");
-        EXPECT_EQ(L"Hax|our", look());
+        follow(before, {{"type x", L"Hax|our"}, {"left", L"Ha|xour"}});  // no state is left
         EXPECT_EQ(1, changes);
-        press(VK_LEFT);
-        EXPECT_EQ(L"Ha|xour", look()) << "no state is left";
     }
-    make_focused(L"[Harbour|]");
-    type(L"x");
-    EXPECT_EQ(L"x|", look());
+    follow(L"[Harbour|]", {{"type x", L"x|"}});
 }
 
 TEST_F(line_edit_key_test, control_characters_change_nothing_and_pass) {
@@ -412,54 +339,36 @@ TEST_F(line_edit_key_test, pair_of_surrogates_can_be_divided) {
 // A cursor that has no position yet
 
 TEST_F(line_edit_key_test, cursor_without_a_position_gets_one_from_home_and_end) {
-    make_focused(L"Harbour");
-    EXPECT_TRUE(press(VK_RIGHT));
-    EXPECT_TRUE(press(VK_RIGHT, shift));
-    EXPECT_EQ(L"|Harbour", look()) << "where it shows until then";
-    press(VK_HOME);
-    press(VK_RIGHT);
-    EXPECT_EQ(L"H|arbour", look());
-    make_focused(L"Harbour");
-    press(VK_END);
-    EXPECT_EQ(L"Harbour|", look());
-    press(VK_LEFT);
-    EXPECT_EQ(L"Harbou|r", look());
+    // It shows at the start until then.
+    follow(L"Harbour", {{"right", L"|Harbour"},
+                        {"shift+right", L"|Harbour"},
+                        {"home", L"|Harbour"},
+                        {"right", L"H|arbour"}});
+    follow(L"Harbour", {{"end", L"Harbour|"}, {"left", L"Harbou|r"}});
 }
 
 TEST_F(line_edit_key_test, edits_without_a_position_are_at_the_end) {
-    make_focused(L"Harbour");
-    type(L"s");
-    EXPECT_EQ(L"Harbours|", look());
-    make_focused(L"Harbour");
-    EXPECT_TRUE(press(VK_BACK));
-    EXPECT_EQ(L"Harbou|", look());
-    make_focused(L"Harbour");
-    EXPECT_TRUE(press(VK_DELETE));
-    EXPECT_EQ(L"Harbour", edit->get_text());
-    EXPECT_EQ(1, changes);
-    type(L"s");
-    EXPECT_EQ(L"Harbours|", look());
+    follow(L"Harbour", {{"type s", L"Harbours|"}});
+    follow(L"Harbour", {{"back", L"Harbou|"}});
+    follow(L"Harbour", {{"delete", L"|Harbour"}, {"type s", L"Harbours|"}});
+    EXPECT_EQ(2, changes);
 }
 
 TEST_F(line_edit_key_test, left_without_a_position_is_safe) {
-    for (const std::uint8_t modifiers : {none, shift}) {
+    for (const char* const left : {"left", "shift+left"}) {
         make_focused(L"Harbour");
-        EXPECT_TRUE(press(VK_LEFT, modifiers));
-        type(L"s");
+        act(left);
+        act("type s");
         EXPECT_EQ(L"Harbours|", look());
         make_focused(L"Harbour");
-        EXPECT_TRUE(press(VK_LEFT, modifiers));
-        EXPECT_TRUE(press(VK_DELETE));
+        act(left);
+        act("delete");
         EXPECT_EQ(L"Harbour", edit->get_text());
     }
 }
 
 TEST_F(line_edit_key_test, shift_and_home_without_a_position_select_all) {
-    make_focused(L"Harbour");
-    press(VK_HOME, shift);
-    EXPECT_EQ(L"[|Harbour]", look());
-    type(L"x");
-    EXPECT_EQ(L"x|", look());
+    follow(L"Harbour", {{"shift+home", L"[|Harbour]"}, {"type x", L"x|"}});
 }
 
 TEST_F(line_edit_key_test, made_without_a_text_is_empty_and_takes_characters) {

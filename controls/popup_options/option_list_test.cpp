@@ -1,5 +1,6 @@
 // The open list of popup options: its rows, the drag that chooses, and the ways in which it ends.
 
+#include "controls/popup_options/option_list.h"
 #include "controls/testing/popup_options_fixture.h"
 
 #include <functional>
@@ -173,6 +174,13 @@ TEST_F(option_list_test, opens_and_chooses_again) {
         EXPECT_EQ(chosen + 1, popup->get_selected());
         EXPECT_TRUE(shows(static_cast<std::size_t>(chosen), {40, 30}));
     }
+}
+
+TEST_F(option_list_test, needs_somebody_to_tell) {
+    const auto list = popup_options::option_list::create(style, rect, {}, nullptr);
+    list->float_above(*node());
+    EXPECT_THROW(press_in_list({20, 21}, nullptr), std::bad_function_call);
+    list->end_floating();
 }
 
 // Other ends

@@ -1,7 +1,6 @@
 // Popup options on the screen, used with a real mouse: their list is a window of its own.
 
 #include "controls/testing/control_window.h"
-#include "d2d/layered_window.h"
 #include "d2d/ui/IPopupOptions.h"
 #include "support/resource_counts.h"
 
@@ -21,23 +20,15 @@ using test_support::release_mouse;
 
 /// Three options in rows of 22 pixels, on a control at (10, 50). The labels are short: at x = 20 there is
 /// none.
-class popup_on_screen : public fakes::control_window {
+class popup_on_screen : public fakes::floating_control_window {
 protected:
     static constexpr POINT on_control{20, 60};
     static constexpr POINT on_second_row{20, 84};
     static constexpr POINT on_third_row{20, 106};
     static constexpr POINT off_it{190, 10};
 
-    // With the window that the platform makes once for the bitmaps of layered windows.
-    static void SetUpTestSuite() {
-        control_window::SetUpTestSuite();
-        layered_window first;
-        first.create(nullptr, L"first", {0, 0, 10, 10}, false, false);
-        first.destroy_window();
-    }
-
     void SetUp() override {
-        control_window::SetUp();
+        floating_control_window::SetUp();
         const auto label = [](std::wstring_view text) {
             return com::ptr<ui::ILabel>(ui::create_text_label(text, nullptr, nullptr));
         };
@@ -50,7 +41,7 @@ protected:
     }
     void TearDown() override {
         popup.reset();
-        control_window::TearDown();
+        floating_control_window::TearDown();
     }
 
     void open() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/testing/button_kind.h"
+#include "d2d/layered_window.h"
 #include "d2d/ui/ITextLabel.h"
 #include "d2d/win32_scene_window.h"
 #include "support/input.h"
@@ -123,6 +124,17 @@ private:
     }
 
     std::thread::id user_thread;
+};
+
+/// The same for what floats: with the window that the platform makes once for the bitmaps of layered windows.
+class floating_control_window : public control_window {
+protected:
+    static void SetUpTestSuite() {
+        control_window::SetUpTestSuite();
+        layered_window first;
+        first.create(nullptr, L"first", {0, 0, 10, 10}, false, false);
+        first.destroy_window();
+    }
 };
 
 }  // namespace d2d::fakes

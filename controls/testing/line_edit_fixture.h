@@ -9,6 +9,7 @@
 #include "scene/testing/geometry_text.h"
 #include "scene/testing/tree_test.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -108,6 +109,32 @@ protected:
         click_at({at.x + x_of(position) + 0.25f, at.y + 5}, flags);
     }
 
+    /// "left", "shift+end", "click 3", "shift+click 5", "type x".
+    void act(std::string_view what) {
+        constexpr std::string_view prefix = "shift+";
+        const bool with_shift = what.starts_with(prefix);
+        if (with_shift) what.remove_prefix(prefix.size());
+        const std::string_view rest = what.substr(std::min(what.find(' ') + 1, what.size()));
+        if (what.starts_with("click ")) {
+            click(static_cast<std::uint32_t>(std::stoul(std::string(rest))),
+                  with_shift ? MK_LBUTTON | MK_SHIFT : MK_LBUTTON);
+        } else if (what.starts_with("type ")) {
+            type(std::wstring(rest.begin(), rest.end()));
+        } else {
+            press(key_called(what), with_shift ? shift : std::uint8_t{0});
+        }
+    }
+    /// Has the user do one thing after the other with an edit that has the focus, and looks what shows then.
+    void follow(const wchar_t* before,
+                const std::vector<std::pair<std::string_view, const wchar_t*>>& actions_and_looks,
+                bool framed = true) {
+        make_focused(before, framed);
+        for (const auto& [action, looks] : actions_and_looks) {
+            act(action);
+            EXPECT_EQ(looks, look()) << action << ", of what was " << testing::PrintToString(before);
+        }
+    }
+
     // What shows
 
     [[nodiscard]] D2D_POINT_2F text_origin() const {
@@ -194,6 +221,16 @@ protected:
                 kept.push_back(std::move(line));
         }
         return kept;
+    }
+
+    [[nodiscard]] static std::uint32_t key_called(std::string_view name) {
+        constexpr std::pair<std::string_view, std::uint32_t> keys[] = {
+            {"left", VK_LEFT}, {"right", VK_RIGHT}, {"up", VK_UP},     {"down", VK_DOWN},
+            {"home", VK_HOME}, {"end", VK_END},     {"back", VK_BACK}, {"delete", VK_DELETE}};
+        for (const auto& [each, code] : keys) {
+            if (each == name) return code;
+        }
+        throw std::logic_error("no such key: " + std::string(name));
     }
 
     com::ptr<recording_line_edit_style> style;

@@ -1,5 +1,6 @@
 // What a tree view and its entries do, and say.
 
+#include "controls/testing/answers.h"
 #include "controls/testing/failure_of.h"
 #include "controls/testing/refused_layout_operation.h"
 #include "controls/testing/tree_fixture.h"
@@ -14,11 +15,31 @@
 namespace d2d::ui::tree {
 namespace {
 
+using fakes::answers;
 using fakes::failure_of;
 using scene::fakes::call_text;
 using scene::fakes::thrown_by;
 
 using tree_test = fakes::tree_fixture;
+
+TEST_F(tree_test, answers_for_its_interfaces) {
+    EXPECT_TRUE(answers<ITreeView>(shown));
+    EXPECT_TRUE(answers<IControl>(shown));
+    EXPECT_TRUE(answers<scene::layout::IElement>(shown));
+    EXPECT_FALSE(answers<IScrollArea>(shown));
+    EXPECT_TRUE(answers<ITreeNode>(a));
+    EXPECT_FALSE(answers<ITreeView>(a));
+    shown->arrange({1, 2, 31, 42});
+    EXPECT_TRUE(scene::fakes::same({1, 2, 31, 42}, shown->get_rect()));
+}
+
+TEST_F(tree_test, an_entry_keeps_the_word_of_its_owner) {
+    EXPECT_EQ(nullptr, a->get_data());
+    int word = 0;
+    a->set_data(&word);
+    r->remove_child(a.get());
+    EXPECT_EQ(&word, a->get_data());
+}
 
 // Selection
 
@@ -167,6 +188,16 @@ TEST_F(tree_test, a_press_on_a_row_selects_it_and_takes_the_focus) {
     EXPECT_TRUE(content()->has_focus(false));
     r->set_expanded(false);
     EXPECT_TRUE(content()->has_focus(false)) << "though the row is gone";
+}
+
+TEST_F(tree_test, presses_on_rows_and_expanders_go_no_further) {
+    hear_mouse(root);
+    for (const D2D_POINT_2F point : {on_a, on_expander}) {
+        press_at(point);
+        EXPECT_EQ(std::string::npos, heard().find("root 6")) << "on the way back";
+    }
+    press_at(on_expander, mouse_button::right);
+    EXPECT_EQ("root -6, root 6", heard()) << "nobody wants it";
 }
 
 TEST_F(tree_test, a_press_on_the_background_only_takes_the_focus) {

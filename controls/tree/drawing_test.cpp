@@ -91,21 +91,37 @@ TEST_F(tree_drawing_test, background_and_ink_show_the_state) {
     }
 }
 
-TEST_F(tree_drawing_test, the_drag_image_leaves_room_for_the_state_icon) {
-    a->set_icon(square({16, 16}, 0xFF0000FF).get());
-    a->set_state_icon(square({10, 16}, 0xFF00FF00).get());
-    const auto image = a->create_drag_image();
-    image->set_effect(nullptr);  // which the recording target cannot have
-    drop_view();
-    root->add_child(image);
-    lines found = painted();
-    std::erase_if(found, [](const std::string& line) {
-        return !line.starts_with("DrawBitmap") && !line.starts_with("DrawText");
-    });
-    ASSERT_EQ(2u, found.size());
-    EXPECT_TRUE(found[0].starts_with("DrawBitmap bitmap(16 16) 10 1 26 17 ")) << found[0];
-    EXPECT_EQ("DrawTextLayout 30 0 layout " + system(COLOR_WINDOWTEXT) + " 0", found[1]);
-    root->remove_child(image);
+TEST_F(tree_drawing_test, the_drag_image_holds_icon_and_text_side_by_side) {
+    const std::string ink = " layout " + system(COLOR_WINDOWTEXT) + " 0";
+    const struct {
+        bool has_state_icon, large_icons, in_view;
+        lines expected;
+    } cases[] = {
+        {false, false, true, {"DrawBitmap bitmap(16 16) 0 1", "DrawTextLayout 20 0" + ink}},
+        {true, false, true, {"DrawBitmap bitmap(16 16) 10 1", "DrawTextLayout 30 0" + ink}},
+        {true, true, true, {"DrawBitmap bitmap(16 16) 10 1", "DrawTextLayout 46 0" + ink}},
+        {false, false, false, {"DrawBitmap bitmap(16 16) 0 1"}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(call_text(each.has_state_icon, each.large_icons, each.in_view));
+        shown->get_view().large_icons = each.large_icons;
+        a = entry("a", each.in_view ? r : nullptr);
+        a->set_icon(square({16, 16}, 0xFF0000FF).get());
+        if (each.has_state_icon) a->set_state_icon(square({10, 16}, 0xFF00FF00).get());
+        const auto image = a->create_drag_image();
+        image->set_effect(nullptr);  // which the recording target cannot have
+        root->remove_child(own);
+        root->add_child(image);
+        lines found;
+        for (const auto& line : painted()) {
+            if (line.starts_with("DrawTextLayout")) found.push_back(line);
+            // The rectangle goes on with its far corner.
+            if (line.starts_with("DrawBitmap")) found.push_back(line.substr(0, each.expected[0].size()));
+        }
+        EXPECT_EQ(each.expected, found);
+        root->remove_child(image);
+        root->add_child(own);
+    }
 }
 
 class tree_picture_test : public tree_drawing_test {

@@ -2,7 +2,6 @@
 
 #include "controls/testing/control_window.h"
 #include "controls/testing/tree_listener.h"
-#include "d2d/layered_window.h"
 #include "d2d/scene/IFloatingNode.h"
 #include "d2d/ui/ITreeView.h"
 #include "scene/matrix.h"
@@ -28,7 +27,7 @@ using test_support::release_mouse;
 
 /// A tree of 180 by 100 at (10, 10), with rows of 18: "r", which is open, and below it "a" and "b", which is
 /// closed and has "c" below it. Each has an icon in a colour of its own, and a gap in the middle of its text.
-class tree_on_screen : public fakes::control_window {
+class tree_on_screen : public fakes::floating_control_window {
 protected:
     static constexpr std::uint32_t red = 0xFFFF0000;
     static constexpr std::uint32_t blue = 0xFF0000FF;
@@ -36,16 +35,8 @@ protected:
     static constexpr std::uint32_t hot_on_green = 0xFFA1EDB2;
     static constexpr POINT off_rows{180, 100};
 
-    // With the window that the platform makes once for the bitmaps of layered windows.
-    static void SetUpTestSuite() {
-        control_window::SetUpTestSuite();
-        layered_window first;
-        first.create(nullptr, L"first", {0, 0, 10, 10}, false, false);
-        first.destroy_window();
-    }
-
     void SetUp() override {
-        control_window::SetUp();
+        floating_control_window::SetUp();
         tree = ui::ITreeView::create();
         r = entry("r", red);
         r->set_expanded(true);
@@ -61,7 +52,7 @@ protected:
     void TearDown() override {
         drop_tree();
         for (auto* const each : {&r, &a, &b, &c}) each->reset();
-        control_window::TearDown();
+        floating_control_window::TearDown();
     }
     void drop_tree() {
         if (!tree) return;
