@@ -131,6 +131,26 @@ TEST_F(label_list_lifetime, anything_may_happen_as_a_row_comes) {
     root->remove_bounds_handler(handler);
 }
 
+TEST_F(label_list_lifetime, label_under_the_mouse_may_fill_the_list_anew_with_itself) {
+    fill(2);
+    int pressed = 0;
+    labels[0]->node->add_mouse_handler([&](scene::INode*, int, input::mouse::event event) {
+        if (event.type != input::mouse::event_type::button_down) return false;
+        ++pressed;
+        list->clear();
+        list->insert_item(0, labels[0].get(), 20);
+        record(labels[0]->node, labels[0]->rect);
+        return false;
+    });
+    move_to(on_label(0));
+    press_at(on_label(0));
+    EXPECT_EQ(1, pressed);
+    EXPECT_EQ(std::nullopt, list->get_selection()) << "the row of the press has gone";
+    press_at(on_label(0));
+    EXPECT_EQ(1, pressed) << "a row that goes takes the handlers of its label along";
+    EXPECT_EQ(20, list->get_selection());
+}
+
 TEST_F(label_list_lifetime, list_that_is_cleared_as_it_takes_the_focus_selects_nothing) {
     fill(2);
     content_of(*labels[0])->set_focus_handler(false, [this](auto*, auto*) {

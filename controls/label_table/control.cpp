@@ -1,6 +1,8 @@
 #include "controls/label_table/control.h"
 
 #include "com/object.h"
+#include "com/weak_ptr.h"
+#include "scene/node.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -58,7 +60,7 @@ void control::final_construct() {
     scroll_area->add_content(background_node);
     scroll_area->add_content(body_node);
     scroll_area->add_margin_scrolled_node(bottom_margin, footer_node);
-    for (const int section : all_sections) drop_labels(section);
+    for (const int section : all_sections) node_of(section)->add_child(labels_of(section));
     listen(*header_node, &control::handle_header_mouse);
     listen(*body_node, &control::handle_body_mouse);
 }
@@ -67,6 +69,11 @@ com::ptr<scene::INode> control::make_section_node() {
     auto made = scene::create_node();
     made->set_hit_mode(scene::INode::hit_solid);
     return made;
+}
+
+const com::ptr<scene::INode>& control::node_of(int section) const noexcept {
+    if (section == header) return header_node;
+    return section == body ? body_node : footer_node;
 }
 
 com::ptr<scene::INode>& control::labels_of(int section) noexcept {
@@ -81,7 +88,7 @@ void control::clear() {
     columns.clear();
     forget_candidates();
     anchor.reset();
-    for (const int section : all_sections) drop_labels(section);
+    for (const int section : all_sections) drop_labels(section, former[section]);
 }
 
 void control::clear_section(int section) {
@@ -92,17 +99,23 @@ void control::clear_section(int section) {
     shown.take_all(body);
     forget_candidates();
     anchor.reset();
-    drop_labels(body);
+    drop_labels(body, former);
 }
 
 /// A node that goes with its labels as a whole lets them go at the cost of one walk; the section's own one
 /// stays, and the mouse with it.
-void control::drop_labels(int section) {
-    const auto& node = section == header ? header_node : section == body ? body_node : footer_node;
+void control::drop_labels(int section, std::span<const std::shared_ptr<row>> of) {
+    const auto& section_node = node_of(section);
     const auto fresh = scene::create_node();
-    node->add_child(fresh);
-    const auto former = std::exchange(labels_of(section), fresh);
-    if (former) node->remove_child(former);
+    section_node->add_child(fresh);
+    auto former = std::exchange(labels_of(section), fresh);
+    section_node->remove_child(former);
+    const com::weak_ptr<scene::node> kept = com::internal_object<scene::node>(former.get());
+    former.reset();
+    // Somebody keeps it, a route of the mouse above all: the labels have to be free all the same.
+    if (const auto left = kept.lock()) {
+        for (const auto& each : of) detach_labels(*left, each->cells);
+    }
 }
 
 bool control::fits(std::size_t labels) const noexcept {

@@ -66,6 +66,7 @@ private:
     class label_brushes;
 
     [[nodiscard]] static com::ptr<scene::INode> make_section_node();
+    [[nodiscard]] const com::ptr<scene::INode>& node_of(int section) const noexcept;
     [[nodiscard]] com::ptr<scene::INode>& labels_of(int section) noexcept;
 
     // Rows.
@@ -74,7 +75,7 @@ private:
     void put_row(std::size_t index, int section, std::shared_ptr<row> added);
     std::shared_ptr<row> take_out(int section, std::size_t index);
     void take_back(int section, const row& added);
-    void drop_labels(int section);
+    void drop_labels(int section, std::span<const std::shared_ptr<row>> of);
 
     // Layout.
     void lay_out();
@@ -118,7 +119,8 @@ private:
     const com::ptr<scene::INode> header_node = make_section_node();
     const com::ptr<scene::INode> body_node = make_section_node();
     const com::ptr<scene::INode> footer_node = make_section_node();
-    std::array<com::ptr<scene::INode>, all_sections.size()> label_nodes;  // by section
+    std::array<com::ptr<scene::INode>, all_sections.size()> label_nodes{
+        scene::create_node(), scene::create_node(), scene::create_node()};  // by section
     const com::ptr<scene::INode> background_node = scene::create_node();
     std::optional<std::size_t> hot_row;
     com::ptr<scene::INode> hot_node;  // on the background, while a row is hot

@@ -368,6 +368,31 @@ TEST_F(label_table_lifetime, last_label_may_call_the_table_as_it_goes) {
     EXPECT_EQ(3u, static_cast<std::size_t>(std::count(site.calls.begin(), site.calls.end(), "gone")));
 }
 
+TEST_F(label_table_lifetime, label_under_the_mouse_may_fill_the_table_anew_with_itself) {
+    for (const bool whole : {true, false}) {
+        make_anew();
+        for (const auto& each : rows.at(1)) record(each->node, each->rect);
+        int pressed = 0;
+        label(1).node->add_mouse_handler([&](scene::INode*, int, input::mouse::event event) {
+            if (event.type != input::mouse::event_type::button_down) return false;
+            ++pressed;
+            if (whole) {
+                table->clear();
+            } else {
+                table->clear_section(body);
+            }
+            table->add_row(0, 1, body, {&label(1), &label(1, 1)});
+            lay_out();
+            return false;
+        });
+        press_at(in_row(0), 2, mouse_button::right);
+        EXPECT_EQ(1, pressed);
+        EXPECT_EQ(1u, table->get_row_count());
+        EXPECT_EQ("8 2 28 12", place(1));
+        drop_table();
+    }
+}
+
 TEST_F(label_table_lifetime, holds_labels_until_their_rows_go_and_not_itself) {
     fill(2);
     EXPECT_EQ(2u, references(&label(1)));
