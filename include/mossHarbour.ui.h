@@ -102,6 +102,7 @@
 #include "ui/mossHarbour/IHwndPanel.h"
 #include "ui/mossHarbour/ILabelControl.h"
 #include "ui/mossHarbour/ILayout.h"
+#include "ui/mossHarbour/IListViewControl.h"
 #include "ui/mossHarbour/IMaterializableElement.h"
 #include "ui/mossHarbour/IMaterializedElement.h"
 #include "ui/mossHarbour/IModalService.h"

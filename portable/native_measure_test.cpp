@@ -4,10 +4,8 @@
 #include "portable/testing/every_kind.h"
 #include "portable/testing/native_panel_fixture.h"
 #include "portable/testing/stub_element.h"
+#include "portable/testing/told_sizes.h"
 #include "portable/toolkit_font.h"
-
-#include <array>
-#include <map>
 
 namespace ui::mossHarbour {
 namespace {
@@ -15,20 +13,6 @@ namespace {
 using stubs::edges_of;
 using stubs::fields_of;
 using testing::ElementsAre;
-
-/// Texts are ten wide for each unit and sixteen high, but for those that are said to be otherwise.
-class told_sizes final : public measure_context {
-public:
-    explicit told_sizes(std::map<std::wstring, SIZE> others = {}) : exceptions(std::move(others)) {}
-
-    SIZE measure_text(const wchar_t* text, std::size_t length) override {
-        const auto found = exceptions.find(std::wstring(text, length));
-        return found == exceptions.end() ? SIZE{static_cast<LONG>(10 * length), 16} : found->second;
-    }
-
-private:
-    std::map<std::wstring, SIZE> exceptions;
-};
 
 class native_measure : public native_panel_fixture {
 protected:
@@ -48,13 +32,8 @@ protected:
     told_sizes sizes;
 };
 
-/// No margins; minimum, maximum and preferred size.
-std::vector<int> metrics(SIZE min, SIZE max, SIZE preferred) {
-    const std::array<LONG, 10> all{0, 0, 0, 0, min.cx, min.cy, max.cx, max.cy, preferred.cx, preferred.cy};
-    return std::vector<int>(all.begin(), all.end());
-}
 std::vector<int> fixed(SIZE size) {
-    return metrics(size, size, size);
+    return metrics_of(size, size, size);
 }
 
 TEST_F(native_measure, of_controls_with_a_caption_is_the_caption_s_with_room_around_it) {
@@ -77,25 +56,25 @@ TEST_F(native_measure, of_controls_with_a_caption_is_the_caption_s_with_room_aro
 TEST_F(native_measure, of_an_edit_is_one_line_that_takes_any_width) {
     const auto edit = create_edit_control();
     const HWND window = show({edit}).front();
-    EXPECT_EQ(measured(window, sizes), metrics({18, 22}, {unbounded_extent, 22}, {18, 22}));
+    EXPECT_EQ(measured(window, sizes), metrics_of({18, 22}, {unbounded_extent, 22}, {18, 22}));
     edit->set_text(L"harbour");
-    EXPECT_EQ(measured(window, sizes), metrics({18, 22}, {unbounded_extent, 22}, {78, 22}));
+    EXPECT_EQ(measured(window, sizes), metrics_of({18, 22}, {unbounded_extent, 22}, {78, 22}));
     told_sizes tall({{L"harbour", {70, 40}}});
-    EXPECT_EQ(measured(window, tall), metrics({18, 22}, {unbounded_extent, 22}, {78, 46}));
+    EXPECT_EQ(measured(window, tall), metrics_of({18, 22}, {unbounded_extent, 22}, {78, 46}));
     told_sizes wide_m({{L"M", {100, 30}}});
-    EXPECT_EQ(measured(window, wide_m), metrics({108, 36}, {unbounded_extent, 36}, {108, 36}));
+    EXPECT_EQ(measured(window, wide_m), metrics_of({108, 36}, {unbounded_extent, 36}, {108, 36}));
 }
 
 TEST_F(native_measure, of_an_option_is_that_of_its_widest_and_tallest_text) {
     const auto option = create_option_control();
     const HWND window = show({option}).front();
-    EXPECT_EQ(measured(window, sizes), metrics({18, 22}, {unbounded_extent, 22}, {18, 22}));
+    EXPECT_EQ(measured(window, sizes), metrics_of({18, 22}, {unbounded_extent, 22}, {18, 22}));
     for (const wchar_t* const text : {L"red", L"", L"yellow", L"blue"}) option->add_option(text);
-    EXPECT_EQ(measured(window, sizes), metrics({18, 22}, {unbounded_extent, 22}, {68, 22}));
+    EXPECT_EQ(measured(window, sizes), metrics_of({18, 22}, {unbounded_extent, 22}, {68, 22}));
     told_sizes uneven({{L"red", {5, 50}}});
-    EXPECT_EQ(measured(window, uneven), metrics({18, 22}, {unbounded_extent, 22}, {68, 56}));
+    EXPECT_EQ(measured(window, uneven), metrics_of({18, 22}, {unbounded_extent, 22}, {68, 56}));
     option->add_option(std::wstring(5000, L'x').c_str());
-    EXPECT_EQ(measured(window, sizes), metrics({18, 22}, {unbounded_extent, 22}, {50008, 22}));
+    EXPECT_EQ(measured(window, sizes), metrics_of({18, 22}, {unbounded_extent, 22}, {50008, 22}));
 }
 
 struct group_case {
@@ -112,16 +91,16 @@ TEST_F(native_measure, of_a_group_box_goes_around_its_content_and_caption) {
         {{0, 0, 0, 0, 10, 5, 20, 5, 15, 5},
          L"abc",
          font_percent(100),
-         metrics({30 + 2 * line + 4, 5 + 16 + 2 + 2 * line}, {30 + 2 * line + 4, 5 + 16 + 2 + 2 * line},
-                 {30 + 2 * line + 4, 5 + 16 + 2 + 2 * line})},
+         metrics_of({30 + 2 * line + 4, 5 + 16 + 2 + 2 * line}, {30 + 2 * line + 4, 5 + 16 + 2 + 2 * line},
+                    {30 + 2 * line + 4, 5 + 16 + 2 + 2 * line})},
         // The content can be as wide as the caption: then its own widths count.
-        {{0, 0, 0, 0, 10, 5, 30, 9, 15, 7}, L"abc", 0, metrics({14, 23}, {34, 27}, {19, 25})},
+        {{0, 0, 0, 0, 10, 5, 30, 9, 15, 7}, L"abc", 0, metrics_of({14, 23}, {34, 27}, {19, 25})},
         // The content's margins where they are larger than the padding; a size without limit stays so.
         {{1, 30, 2, 3, 100, 100, unbounded_extent, unbounded_extent, 100, 100},
          L"",
          20,
-         metrics({144, 100 + 16 + 2 + 30 + 20}, {unbounded_extent, unbounded_extent},
-                 {144, 100 + 16 + 2 + 30 + 20})}};
+         metrics_of({144, 100 + 16 + 2 + 30 + 20}, {unbounded_extent, unbounded_extent},
+                    {144, 100 + 16 + 2 + 30 + 20})}};
     for (const auto& [content, caption, padding, expected] : cases) {
         const auto group = create_group_box_control();
         const auto inner = create_stack_layout(orientation::vertical);

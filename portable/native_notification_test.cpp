@@ -169,10 +169,12 @@ TEST_F(native_notification, of_another_thread_s_control_is_not_handled) {
     other.join();
 }
 
-TEST_F(native_notification, by_notify_message_is_not_handled_by_these_kinds) {
+TEST_F(native_notification, by_notify_message_is_for_lists_alone) {
     for (const auto& [element, kind, style, ex_style] : every_kind()) {
-        NMHDR notification{show({element}).front(), 0, static_cast<UINT>(NM_CLICK)};
-        EXPECT_FALSE(route_notification(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification))) << kind;
+        NMITEMACTIVATE notification{};
+        notification.hdr = {show({element}).front(), 0, static_cast<UINT>(NM_CLICK)};
+        const auto result = route_notification(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+        EXPECT_EQ(result.has_value(), kind == WC_LISTVIEWW) << kind;
     }
 }
 

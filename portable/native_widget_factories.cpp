@@ -4,6 +4,7 @@
 #include "portable/edit_control_impl.h"
 #include "portable/group_box_control_impl.h"
 #include "portable/label_control_impl.h"
+#include "portable/list_view_control_impl.h"
 #include "portable/option_control_impl.h"
 #include "portable/push_button_control_impl.h"
 #include "portable/radio_button_control_impl.h"
@@ -19,6 +20,7 @@ void register_native_widgets(
     add(typeid(check_box_control_impl::facade), check_box_control_impl::make_win32_widget);
     add(typeid(radio_button_control_impl::facade), radio_button_control_impl::make_win32_widget);
     add(typeid(push_button_control_impl::facade), push_button_control_impl::make_win32_widget);
+    add(typeid(list_view_control_impl::facade), list_view_control_impl::make_win32_widget);
 }
 
 }  // namespace ui::mossHarbour

@@ -79,7 +79,8 @@ TEST_F(native_widget, is_registered_in_a_fixed_order) {
         return testing::HasSubstr(std::string(kind) + "_control_impl");
     };
     EXPECT_THAT(kinds, ElementsAre(named("label"), named("edit"), named("option"), named("group_box"),
-                                   named("check_box"), named("radio_button"), named("push_button")));
+                                   named("check_box"), named("radio_button"), named("push_button"),
+                                   named("list_view")));
 }
 
 // -- live state

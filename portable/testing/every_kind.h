@@ -4,6 +4,7 @@
 #include "ui/mossHarbour/IEditControl.h"
 #include "ui/mossHarbour/IGroupBoxControl.h"
 #include "ui/mossHarbour/ILabelControl.h"
+#include "ui/mossHarbour/IListViewControl.h"
 #include "ui/mossHarbour/IOptionControl.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
 #include "ui/mossHarbour/IRadioButtonControl.h"
@@ -31,7 +32,8 @@ struct kind_case {
             {create_push_button_control(), L"BUTTON", 0x50010000, 0},
             {create_radio_button_control(true), L"BUTTON", 0x50020009, 0},
             {create_radio_button_control(false), L"BUTTON", 0x50000009, 0},
-            {create_group_box_control(), L"Button", 0x52000007, 0x10000}};
+            {create_group_box_control(), L"Button", 0x52000007, 0x10000},
+            {create_list_view_control(), L"SysListView32", 0x52010009, 0x200}};
 }
 
 }  // namespace ui::mossHarbour
