@@ -268,6 +268,19 @@ TEST_F(scene_materialization, of_a_group_box_cannot_measure_without_its_facade) 
     EXPECT_THAT(measure, ThrowsMessage<std::logic_error>("Facade not available!"));
 }
 
+TEST_F(scene_materialization, that_fails_leaves_no_facade_in_the_form) {
+    const auto box = create_group_box_control();
+    box->set_content(stacked({create_option_control()}));
+    const auto widget = group_box_control_impl::make_d2d_widget();
+    d2d_materialization_context_impl context(panel->get_node().get(), panel.get());
+    EXPECT_THAT([&] { widget->materialize(context, box.get()); },
+                ThrowsMessage<std::runtime_error>(no_such_form));
+    d2d_measure_context measuring;
+    EXPECT_THAT([&] { static_cast<void>(com::ptr<IMaterializedElement>(widget.get())->measure(measuring)); },
+                ThrowsMessage<std::logic_error>("Facade not available!"));
+    EXPECT_EQ(shown_nodes(), 0u);
+}
+
 TEST_F(scene_materialization, twice_in_a_row_leaves_the_first_form_to_nobody) {
     const auto label = create_label_control();
     const auto element = com::ptr<IMaterializableElement>(label.get());

@@ -116,6 +116,29 @@ TEST_F(described_form, stands_in_a_panel_for_a_scene) {
     panel->set_content(nullptr);
 }
 
+TEST_F(described_form, moves_from_one_place_to_the_next_with_nothing_but_its_description) {
+    int clicks = 0;
+    save->set_on_click([&](IPanel*) { ++clicks; });
+    const auto in_turn = {create_win32_hwnd_panel, create_d2d_hwnd_panel, create_win32_hwnd_panel};
+    for (const auto make : in_turn) {
+        const auto panel = make(nullptr);
+        panel->set_content(layout);
+        panel->create_window(0, L"Settings", WS_POPUP, nullptr);
+        wchar_t text[8] = L"?";
+        name->get_text(text, 8);
+        EXPECT_STREQ(text, L"");
+        name->set_text(L"Kutter");
+        if (const HWND button = FindWindowExW(panel->get_window_handle(), nullptr, L"Button", nullptr)) {
+            SendMessageW(panel->get_window_handle(), WM_COMMAND, MAKEWPARAM(0, BN_CLICKED),
+                         reinterpret_cast<LPARAM>(button));
+        }
+        panel->destroy_window();
+        panel->set_content(nullptr);
+        EXPECT_THROW(name->set_text(L"text"), std::logic_error);
+    }
+    EXPECT_EQ(clicks, 2);
+}
+
 TEST_F(described_form, with_a_control_that_has_no_form_is_refused) {
     const auto panel = create_d2d_scene_node_panel(nullptr);
     const auto stack = create_stack_layout(orientation::horizontal);
