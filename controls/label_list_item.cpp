@@ -3,6 +3,7 @@
 #include "com/object.h"
 #include "d2d/factory.h"
 #include "scene/layout_distribution.h"
+#include "scene/rectangle.h"
 
 #include <algorithm>
 #include <utility>
@@ -74,10 +75,13 @@ scene::layout::metrics label_list::item::measure() {
 }
 
 void label_list::item::arrange(D2D_RECT_F new_rect) {
+    const bool moves = !scene::same_edges(rect, new_rect);
     rect = new_rect;
     placing = static_cast<bool>(watched);
     label->arrange({rect.left + margin.left, rect.top + margin.top, rect.right - margin.right,
                     rect.bottom - margin.bottom});
+    // What it draws lies around the label.
+    if (moves && list && is_filled(*list)) redraw(*list);
 }
 
 void label_list::item::add_to(scene::layout::stack& rows, std::size_t index) {
@@ -91,11 +95,14 @@ void label_list::item::label_changed() {
     if (list && place) list->announce(place);
 }
 
+bool label_list::item::is_filled(const label_list& owner) const {
+    return owner.is_selected(*this) || mouse.is_hot();
+}
+
 void label_list::item::redraw(const label_list& owner) {
     const auto context = node->draw(false);
-    const bool is_selected = owner.is_selected(*this);
-    if (is_selected || mouse.is_hot()) {
-        const look chosen = look_of(is_selected, mouse.is_hot());
+    if (is_filled(owner)) {
+        const look chosen = look_of(owner.is_selected(*this), mouse.is_hot());
         const auto shape = outline_of(rect);
         context->fill_geometry(shape.get(), owner.brush(chosen.fill).get());
         context->draw_geometry(shape.get(), owner.brush(chosen.outline).get(), 1, nullptr);

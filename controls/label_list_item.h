@@ -34,6 +34,8 @@ protected:
 
 private:
     void label_changed() override;
+    /// Whether it draws anything.
+    [[nodiscard]] bool is_filled(const label_list& owner) const;
     void handle_mouse(label_list& owner, const input::mouse::event& event);
 
     // Borrowed: it says when it ends. A weak reference from each row would be more than an object can have.

@@ -121,9 +121,9 @@ TEST_F(label_list_pictures, of_all_states) {
     press_label(2);
     put(states);  // another one selected, the former one with its color again
     add(label("came later"), 0);
-    put(states);  // the shape of the selected one is where it was
+    put(states);  // ahead of the selected one
     hover(2);
-    put(states);  // and is drawn anew, hot
+    put(states);  // hot, too
     list->clear();
     put(states);  // empty
     make(2);
