@@ -5,6 +5,7 @@
 #include "portable/edit_control_impl.h"
 #include "portable/group_box_control_impl.h"
 #include "portable/label_control_impl.h"
+#include "portable/list_view_control_impl.h"
 #include "portable/option_control_impl.h"
 #include "portable/push_button_control_impl.h"
 #include "portable/radio_button_control_impl.h"
@@ -83,6 +84,41 @@ public:
 class group_box_form : public stub_form<group_box_control_impl::materialization> {
 public:
     void set_text(const wchar_t* text) override { note(std::wstring(L"text ") + text); }
+};
+
+class list_view_form : public stub_form<list_view_control_impl::materialization> {
+public:
+    void add_column(const wchar_t* text, int index, int width) override {
+        note(std::wstring(L"add column ") + text + L" " + std::to_wstring(index) + L" " +
+             std::to_wstring(width));
+    }
+    void remove_column(int index) override { note(L"remove column " + std::to_wstring(index)); }
+    void set_column_text(int index, const wchar_t* text) override {
+        note(L"column " + std::to_wstring(index) + L" " + text);
+    }
+    std::vector<int> get_column_order() override { return {1, 0}; }
+    void set_column_order(std::vector<int> places) override {
+        note(L"order of " + std::to_wstring(places.size()));
+    }
+    std::vector<int> get_column_widths() override { return {30, 40}; }
+    int add_row(const wchar_t** texts, std::size_t count, int index) override {
+        note(std::wstring(L"add row ") + texts[0] + L" " + std::to_wstring(count) + L" " +
+             std::to_wstring(index));
+        return 5;
+    }
+    void remove_row(int row) override { note(L"remove row " + std::to_wstring(row)); }
+    void set_cell_text(int row, int column, const wchar_t* text) override {
+        note(L"cell " + std::to_wstring(row) + L" " + std::to_wstring(column) + L" " + text);
+    }
+    void set_row_data(int row, LPARAM data) override {
+        note(L"data " + std::to_wstring(row) + L" " + std::to_wstring(data));
+    }
+    LPARAM get_row_data(int row) override { return row + 100; }
+    bool any_selected_row(std::function<bool(const int&)> asked) override { return asked(3); }
+    void sort_rows(std::function<int(LPARAM, LPARAM)> compare) override {
+        note(L"sort " + std::to_wstring(compare(1, 2)));
+    }
+    void sort_by_column(int column) override { note(L"sort by column " + std::to_wstring(column)); }
 };
 
 /// A back end of one kind of form.
@@ -191,6 +227,69 @@ TEST_F(facades, of_group_boxes_forward_what_shows) {
     const auto box = create_group_box_control();
     expect_live<group_box_form, group_box_control_impl::facade>(box, {[&] { box->set_text(L"a"); }},
                                                                 {L"text a"});
+}
+
+TEST_F(facades, of_lists_forward_what_shows) {
+    const auto list = create_list_view_control();
+    const wchar_t* texts[] = {L"x", L"y"};
+    expect_live<list_view_form, list_view_control_impl::facade>(
+        list,
+        {[&] { list->add_column(L"a", 1, 20); }, [&] { list->remove_column(2); },
+         [&] { list->set_column_text(3, L"b"); },
+         [&] { EXPECT_THAT(list->get_column_order(), ElementsAre(1, 0)); },
+         [&] {
+             list->set_column_order({0, 1, 2});
+         },
+         [&] { EXPECT_THAT(list->get_column_widths(), ElementsAre(30, 40)); },
+         [&] { EXPECT_EQ(list->add_row(texts, 2, 4), 5); }, [&] { list->remove_row(6); },
+         [&] { list->set_cell_text(7, 8, L"c"); }, [&] { list->set_row_data(9, -1); },
+         [&] { EXPECT_EQ(list->get_row_data(2), 102); },
+         [&] { EXPECT_TRUE(list->any_selected_row([](const int& row) { return row == 3; })); },
+         [&] { list->sort_rows([](LPARAM a, LPARAM b) { return static_cast<int>(10 * a + b); }); },
+         [&] { com::ptr<list_view_control_impl::facade>(list.get())->fire_column_click(nullptr, 4); }},
+        {L"add column a 1 20", L"remove column 2", L"column 3 b", L"order of 3", L"add row x 2 4",
+         L"remove row 6", L"cell 7 8 c", L"data 9 -1", L"sort 12", L"sort by column 4"});
+}
+
+TEST_F(facades, of_lists_fire_their_handlers_in_every_state) {
+    const auto list = create_list_view_control();
+    const com::ptr<list_view_control_impl::facade> facade(list.get());
+    auto* const panel = reinterpret_cast<IPanel*>(&calls);  // never looked into
+    const auto fire_all = [&] {
+        facade->fire_row_click(panel, 1, 0);
+        facade->fire_edit_finished(panel, 2, 3, true);
+        facade->fire_row_right_click(panel, 4);
+        facade->fire_row_double_click(panel, 5);
+    };
+    fire_all();
+    EXPECT_FALSE(facade->get_cell_editor(6, 7));
+    const auto tell = [&](IPanel* in, std::wstring call) {
+        EXPECT_EQ(in, panel);
+        note(std::move(call));
+    };
+    list->set_on_row_click([&](IPanel* in, int row, int zero) {
+        tell(in, L"click " + std::to_wstring(row) + L" " + std::to_wstring(zero));
+    });
+    list->set_on_edit_finished([&](IPanel* in, int row, int column, bool committed) {
+        tell(in, L"finished " + std::to_wstring(row) + L" " + std::to_wstring(column) +
+                     (committed ? L" yes" : L" no"));
+    });
+    list->set_on_row_right_click(
+        [&](IPanel* in, int row) { tell(in, L"right click " + std::to_wstring(row)); });
+    list->set_on_column_click(
+        [&](IPanel* in, int column) { tell(in, L"header " + std::to_wstring(column)); });
+    list->set_on_row_double_click(
+        [&](IPanel* in, int row) { tell(in, L"double click " + std::to_wstring(row)); });
+    const auto editor = list->create_text_editor(nullptr, nullptr);
+    list->set_cell_editor_source([&](int row, int column) {
+        note(L"editor " + std::to_wstring(row) + L" " + std::to_wstring(column));
+        return editor;
+    });
+    fire_all();
+    facade->fire_column_click(panel, 8);
+    EXPECT_TRUE(facade->get_cell_editor(6, 7) == editor);
+    EXPECT_THAT(calls, ElementsAre(L"click 1 0", L"finished 2 3 yes", L"right click 4", L"double click 5",
+                                   L"header 8", L"editor 6 7"));
 }
 
 TEST_F(facades, of_group_boxes_keep_their_description_while_nothing_is_shown) {

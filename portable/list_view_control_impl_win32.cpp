@@ -1,9 +1,9 @@
-#include "portable/cell_edit_loop.h"
-#include "portable/length.h"
 #include "portable/list_view_control_impl.h"
-#include "portable/subclassed_win32_materialization_impl.h"
 
 #include "com/object.h"
+#include "portable/cell_edit_loop.h"
+#include "portable/length.h"
+#include "portable/subclassed_win32_materialization_impl.h"
 
 #include <algorithm>
 #include <cwchar>

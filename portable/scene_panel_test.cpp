@@ -9,6 +9,7 @@
 #include "ui/mossHarbour/IEditControl.h"
 #include "ui/mossHarbour/IGroupBoxControl.h"
 #include "ui/mossHarbour/ILabelControl.h"
+#include "ui/mossHarbour/IListViewControl.h"
 #include "ui/mossHarbour/IOptionControl.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
 #include "ui/mossHarbour/IRadioButtonControl.h"
@@ -173,14 +174,17 @@ TEST_F(scene_panel, measures_a_group_box_around_its_content) {
 }
 
 TEST_F(scene_panel, refuses_kinds_without_a_form_and_leaves_nothing_behind) {
-    const auto label = create_label_control();
-    const auto stack = create_stack_layout(orientation::vertical);
-    stack->add_item({}, label);
-    stack->add_item({}, create_option_control());
-    EXPECT_THAT([&] { panel->set_content(stack); },
-                ThrowsMessage<std::runtime_error>("Unable to materialized the specified element!"));
-    EXPECT_THROW(label->set_text(L"text"), std::logic_error);
-    EXPECT_TRUE(panel->set_content(nullptr) == stack);
+    for (const com::ptr<IElement>& refused :
+         {com::ptr<IElement>(create_option_control()), com::ptr<IElement>(create_list_view_control())}) {
+        const auto label = create_label_control();
+        const auto stack = create_stack_layout(orientation::vertical);
+        stack->add_item({}, label);
+        stack->add_item({}, refused);
+        EXPECT_THAT([&] { panel->set_content(stack); },
+                    ThrowsMessage<std::runtime_error>("Unable to materialized the specified element!"));
+        EXPECT_THROW(label->set_text(L"text"), std::logic_error);
+        EXPECT_TRUE(panel->set_content(nullptr) == stack);
+    }
 }
 
 }  // namespace
