@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include <dcommon.h>
+#include <d2d1.h>
 #include <dwrite.h>
 
 namespace d2d {
