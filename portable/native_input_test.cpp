@@ -98,6 +98,33 @@ TEST_F(native_input, keys_choose_an_option) {
     EXPECT_THAT(events, ElementsAre("changed", "changed"));
 }
 
+TEST_F(native_input, the_mouse_chooses_an_option_from_its_list) {
+    const auto option = create_option_control();
+    option->set_on_selection_changed(noting("changed"));
+    const HWND window = show({option, create_edit_control()}).front();
+    for (const wchar_t* const text : {L"red", L"green", L"blue"}) option->add_option(text);
+    present();
+    RECT closed{};
+    GetWindowRect(window, &closed);
+    click_on(window);
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    ASSERT_TRUE(GetComboBoxInfo(window, &parts));
+    ASSERT_TRUE(test_support::pump_until([&] { return IsWindowVisible(parts.hwndList) != FALSE; }));
+    RECT second{};
+    SendMessageW(parts.hwndList, LB_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&second));
+    RECT list{};
+    GetClientRect(parts.hwndList, &list);
+    EXPECT_GE(list.bottom, 3 * (second.bottom - second.top)) << "each has its line";
+    RECT dropped{};
+    GetWindowRect(window, &dropped);
+    EXPECT_TRUE(EqualRect(&dropped, &closed));
+    click(parts.hwndList, {(second.left + second.right) / 2, (second.top + second.bottom) / 2});
+    EXPECT_TRUE(test_support::pump_until([&] { return !events.empty(); }));
+    EXPECT_EQ(option->get_selection(), 1);
+    EXPECT_THAT(events, ElementsAre("changed"));
+}
+
 // -- navigation
 // -----------------------------------------------------------------------------------------------
 

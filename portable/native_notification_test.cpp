@@ -5,6 +5,7 @@
 
 #include <future>
 #include <optional>
+#include <stdexcept>
 #include <thread>
 
 #include <commctrl.h>
@@ -176,6 +177,45 @@ TEST_F(native_notification, by_notify_message_is_for_lists_alone) {
         const auto result = route_notification(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
         EXPECT_EQ(result.has_value(), kind == WC_LISTVIEWW) << kind;
     }
+}
+
+// -- what handlers may do
+// -------------------------------------------------------------------------------------
+
+TEST_F(native_notification, may_set_the_text_that_has_changed) {
+    const HWND window = show({edit}).front();
+    edit->set_on_changed([&](IPanel* in) {
+        note("changed", in);
+        edit->set_text(L"corrected");
+    });
+    SendMessageW(window, WM_CHAR, L'x', 0);
+    SendMessageW(window, WM_CHAR, L'y', 0);
+    EXPECT_THAT(events, ElementsAre("changed", "changed"));
+    EXPECT_EQ(text_of_window(window), L"corrected");
+}
+
+TEST_F(native_notification, lets_pass_what_a_handler_throws) {
+    const auto group = create_group_box_control();
+    group->set_content(stack_of({button}));
+    const HWND group_window = show({group, radio}).front();
+    const HWND pressed = children_of(group_window).front();
+    button->set_on_click([](IPanel*) { throw std::runtime_error("by the handler"); });
+    EXPECT_THAT([&] { command(group_window, pressed, BN_CLICKED); },
+                testing::ThrowsMessage<std::runtime_error>("by the handler"));
+    button->set_on_click([this](IPanel* in) { note("button", in); });
+    command(group_window, pressed, BN_CLICKED);
+    EXPECT_THAT(events, ElementsAre("button"));
+}
+
+TEST_F(native_notification, may_replace_its_own_handler) {
+    const HWND window = show({button}).front();
+    button->set_on_click([&, first = std::string("first")](IPanel* in) {
+        button->set_on_click([this](IPanel* then) { note("second", then); });
+        note(first, in);
+    });
+    command(panel->get_window_handle(), window, BN_CLICKED);
+    command(panel->get_window_handle(), window, BN_CLICKED);
+    EXPECT_THAT(events, ElementsAre("first", "second"));
 }
 
 // -- handlers that take things away

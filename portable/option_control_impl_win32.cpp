@@ -19,6 +19,7 @@ public:
 
     // IHwndWidget
     std::optional<LRESULT> on_command(WPARAM wparam) override {
+        if (HIWORD(wparam) == CBN_DROPDOWN) make_room_for_list();
         if (HIWORD(wparam) != CBN_SELCHANGE) return {};
         if (suppress_notification) return 0;
         tell([](facade& told, IPanel* shown_in) { told.fire_changed(shown_in); });
@@ -45,6 +46,21 @@ protected:
     ~win32_materialization() = default;
 
 private:
+    /// A closed window keeps the height of its line, whatever it is given; the rest is room for the list that
+    /// drops from it. A layout gives it none, and without the newer classes of controls the system then shows
+    /// no list at all.
+    void make_room_for_list() const {
+        constexpr LRESULT most_at_once = 30;  // as with the newer classes
+        const LRESULT count = std::min(SendMessageW(window, CB_GETCOUNT, 0, 0), most_at_once);
+        const LRESULT list =
+            count * SendMessageW(window, CB_GETITEMHEIGHT, 0, 0) + 2 * GetSystemMetrics(SM_CYBORDER);
+        RECT closed{};
+        GetWindowRect(window, &closed);
+        SetWindowPos(window, nullptr, 0, 0, closed.right - closed.left,
+                     closed.bottom - closed.top + static_cast<int>(list),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
     /// The widest and the tallest.
     [[nodiscard]] SIZE size_of_options(measure_context& context) const {
         SIZE result{};
