@@ -18,7 +18,9 @@ struct ID2DScenePanel : IPanel {
     virtual void arrange(int left, int top, int right, int bottom) = 0;
 };
 
-/// A panel whose node is in no scene yet. `upstream` is kept, and answers for services; may be null.
+/// A panel whose node is in no scene yet. `upstream` is kept, and answers for services; may be null. Take the
+/// content out, with `set_content(nullptr)`, ahead of letting go of the panel: else the controls stay alive,
+/// and call their handlers with a panel that is gone.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<ID2DScenePanel> create_d2d_scene_node_panel(
     IServiceProvider* upstream);
 

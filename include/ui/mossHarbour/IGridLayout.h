@@ -10,7 +10,7 @@ namespace ui::mossHarbour {
 /// Elements in rows and columns. Rows and columns have numbers; those without an element are not there.
 struct IGridLayout : ILayout {
     /// Appends an element, which is kept. In a layout that is shown it takes effect when it is materialized
-    /// again.
+    /// again. Throws `std::logic_error` for null.
     virtual void add_item(const grid_item_details& details, com::ptr<IElement> element) = 0;
 };
 

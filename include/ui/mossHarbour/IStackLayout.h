@@ -13,7 +13,7 @@ namespace ui::mossHarbour {
 /// measured: that throws `std::logic_error` "empty layouts not supported!".
 struct IStackLayout : ILayout {
     /// Appends an element, which is kept. In a layout that is shown it takes effect when it is materialized
-    /// again.
+    /// again. Throws `std::logic_error` for null.
     virtual void add_item(const stack_item_details& details, com::ptr<IElement> element) = 0;
 };
 
