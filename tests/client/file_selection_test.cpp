@@ -67,7 +67,11 @@ protected:
         GetDlgItemTextW(dialog, file_name, text.data(), static_cast<int>(text.size()));
         return text.data();
     }
-    static void press(HWND dialog, int button) { test_support::click(GetDlgItem(dialog, button), {12, 8}); }
+    /// By message: the dialogs may move their buttons for some time.
+    static void press(HWND dialog, int button) {
+        PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button),
+                     reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
+    }
 
     const path folder = std::filesystem::temp_directory_path() /
                         (L"K\u00fcste und Meer " + std::to_wstring(GetCurrentProcessId()));

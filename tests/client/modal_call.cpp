@@ -96,8 +96,21 @@ HWND window_above(HWND owner) {
 
 HWND child_window(HWND parent, const wchar_t* kind, const wchar_t* text) {
     HWND result = nullptr;
-    expect_soon([&] { return (result = FindWindowExW(parent, nullptr, kind, text)) != nullptr; },
-                "a child window");
+    expect_soon(
+        [&] {
+            each_window([=](auto... visit) { EnumChildWindows(parent, visit...); },
+                        [&](HWND found) {
+                            // By its parent, which knows the text of its windows without asking them.
+                            for (HWND next = nullptr;
+                                 !result && (next = FindWindowExW(GetParent(found), next, kind, text));) {
+                                if (next == found) result = found;
+                            }
+                            return !result;
+                        });
+            RECT size{};
+            return GetClientRect(result, &size) && size.right > 0;
+        },
+        "a child window");
     return result;
 }
 

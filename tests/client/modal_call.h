@@ -15,7 +15,8 @@ void while_shown(const std::function<void()>& actions, const std::function<void(
 
 /// The window on the screen that `owner` owns, once it is in front.
 [[nodiscard]] HWND window_above(HWND owner);
-/// A child window of a class with a text; null for any.
+/// A window inside another, however deep, of a class with a text, null for any, once it has a
+/// size.
 [[nodiscard]] HWND child_window(HWND parent, const wchar_t* class_name, const wchar_t* text);
 void expect_soon(const std::function<bool()>& condition, const char* what);
 

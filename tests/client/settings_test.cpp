@@ -62,6 +62,12 @@ TEST_F(settings_example, shows_its_form) {
     expect_shown("start");
 }
 
+TEST(settings_example_of_native_controls, shows_its_form) {
+    const running_program native{L"settings.exe", L"Settings", L"--native"};
+    test_support::move_mouse(native.window(), away);
+    EXPECT_TRUE(onlooker(native.window()).shows_golden("settings/native", fonts));
+}
+
 TEST_F(settings_example, lays_its_form_out_anew_when_it_is_sized) {
     program.set_position(0, 0, 640, 400, SWP_NOMOVE | SWP_NOZORDER);
     expect_shown("large");
