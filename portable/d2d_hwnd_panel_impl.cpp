@@ -26,6 +26,7 @@ element_metrics d2d_hwnd_panel_impl::measure() {
 }
 
 HWND d2d_hwnd_panel_impl::create_window(DWORD ex_style, const wchar_t* title, DWORD style, HWND parent) {
+    destroy_window();
     win32_window_host::create_window(ex_style, title, style, parent, nullptr);
     return get_window_handle();
 }

@@ -355,6 +355,18 @@ TEST_P(backend, asks_the_handler_when_the_user_closes_the_window) {
     EXPECT_TRUE(IsWindowVisible(window()));
 }
 
+TEST_P(backend, has_one_window_at_a_time) {
+    show_form();
+    const HWND first = window();
+    panel->create_window(0, L"another", WS_POPUP, nullptr);
+    EXPECT_NE(window(), first);
+    EXPECT_FALSE(IsWindow(first));
+    described->set_texts();
+    panel->destroy_window();
+    EXPECT_EQ(window(), nullptr);
+    panel->destroy_window();
+}
+
 TEST_P(backend, gives_back_the_content_it_had) {
     const auto first = client_test::blank(10, 10);
     const auto second = client_test::blank(20, 20);

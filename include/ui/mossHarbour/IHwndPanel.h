@@ -17,8 +17,9 @@ struct IBasicHwndPanel : IPanel {
     /// Measures the content, which there has to be, in the window, which there has to be. The window's limits
     /// follow. Margins are the content's, or the padding where it is larger.
     virtual element_metrics measure() = 0;
-    /// Creates the window, where the system chooses place and size. Throws when it cannot; what a
-    /// materialization throws passes on, too, and there is no window then.
+    /// Creates the window, where the system chooses place and size; one that is there already is destroyed
+    /// first. Throws when it cannot; what a materialization throws passes on, too, and there is no window
+    /// then.
     virtual HWND create_window(DWORD ex_style, const wchar_t* title, DWORD style, HWND parent) = 0;
     virtual void destroy_window() = 0;
     /// For the message loop, ahead of the dispatch: true when the message served the navigation among the
@@ -53,8 +54,8 @@ struct IHwndPanel : IBasicHwndPanel {
 /// may be null.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<IHwndPanel> create_hwnd_panel(IServiceProvider* upstream);
 
-/// A panel that shows its content by native controls. `upstream` is kept, and asked first for services; may be
-/// null. Content is materialized while there is a window: set it ahead of `create_window`, or later.
+/// A panel that shows its content by native controls. `upstream` is kept, and asked first for services; may
+/// be null. Content is materialized while there is a window: set it ahead of `create_window`, or later.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<IHwndPanel> create_win32_hwnd_panel(IServiceProvider* upstream);
 
 }  // namespace ui::mossHarbour
