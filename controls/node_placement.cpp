@@ -18,6 +18,10 @@ void insist(scene::INode& node, const D2D_MATRIX_3X2_F& transform) {
 
 }  // namespace
 
+void detach_node(scene::INode& node) {
+    if (const auto parent = node.get_parent()) parent->remove_child(&node);
+}
+
 void transform_node(scene::INode& node, const D2D_MATRIX_3X2_F& transform) {
     if (node.set_transform(transform) || scene::same_bytes(node.get_transform(), transform)) return;
     insist(node, transform);

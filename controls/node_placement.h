@@ -6,6 +6,9 @@
 
 namespace d2d {
 
+/// Takes a node out of its parent, if it has one.
+void detach_node(scene::INode& node);
+
 // Transforms of nodes that go through where `INode::set_transform` sees no change: at the inverse of the
 // node's transform.
 

@@ -217,9 +217,8 @@ void control_base::draw_caret() {
 void control_base::update_caret() {
     if (caret_visible && (caret_visibility_dirty || caret_position_dirty)) place_caret();
     if (caret_visibility_dirty) {
-        const auto parent = caret_node->get_parent();
-        if (caret_visible && !parent) node->add_child(caret_node);
-        if (!caret_visible && parent) parent->remove_child(caret_node);
+        if (!caret_visible) detach_node(*caret_node);
+        if (caret_visible && !caret_node->get_parent()) node->add_child(caret_node);
     }
     caret_visibility_dirty = caret_position_dirty = false;
 }

@@ -10,10 +10,6 @@ namespace {
 
 constexpr float radius = 2;
 
-void detach(const com::ptr<scene::INode>& node) {
-    if (const auto parent = node->get_parent()) parent->remove_child(node);
-}
-
 }  // namespace
 
 option_row::option_row(const ui::IPopupOptions::option& option, D2D_SIZE_F size,
@@ -22,7 +18,7 @@ option_row::option_row(const ui::IPopupOptions::option& option, D2D_SIZE_F size,
       label(option.label),
       geometry(factory::create_rounded_rect_geometry({{0, 0, size.width, size.height}, radius, radius})) {
     const auto label_node = label->get_node();
-    detach(label_node);
+    detach_node(*label_node);
     show_unhovered(style);
     move_node(*label_node, {size.width * 0.5f, std::floor(size.height * 0.5f)});
     node->add_child(label_node);

@@ -3,6 +3,7 @@
 #include "controls/testing/tree_fixture.h"
 
 #include <functional>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -230,6 +231,73 @@ TEST_F(tree_lifetime_test, a_failure_in_the_loop_of_a_press_leaves_the_row_as_it
     EXPECT_EQ("", told());
     press_at(on_a);
     EXPECT_EQ("selection_changed none a", told());
+}
+
+// When the row under the mouse goes, the nodes around the view hear of it, and may change what they like.
+
+TEST_F(tree_lifetime_test, whoever_hears_that_a_row_goes_may_change_the_tree) {
+    const action causes[] = {
+        [&] { r->set_expanded(false); },
+        [&] { r->remove_child(a.get()); },
+        [&] { b->add_child(a.get()); },
+        [&] { drop_view(); },
+        [&] {
+            shown->set_root(nullptr);
+            r.reset();
+        },
+    };
+    const action deeds[] = {
+        [&] {
+            if (r) r->remove_child(b.get());
+        },
+        [&] {
+            if (r) r->set_expanded(true);
+        },
+        [&] { b->set_text(L"another", 7); },
+        [&] {
+            const auto next = entry("next");
+            next->add_child(a.get());
+            if (shown) shown->set_root(next.get());
+        },
+        [&] {
+            r.reset();
+            a.reset();
+            b.reset();
+        },
+        [&] { drop_view(); },
+    };
+    hear_mouse(root, words::type);
+    for (std::size_t cause = 0; cause < std::size(causes); ++cause) {
+        for (std::size_t deed = 0; deed < std::size(deeds); ++deed) {
+            SCOPED_TRACE(scene::fakes::call_text("cause", cause, "deed", deed));
+            start_anew();
+            move_to(on_a);
+            bool done = false;
+            pass_after("root 2 -6", [&] {
+                done = true;
+                deeds[deed]();
+            });
+            causes[cause]();
+            EXPECT_TRUE(done);
+            move_to(beside);
+        }
+    }
+}
+
+TEST_F(tree_lifetime_test, a_node_that_is_expanded_again_while_it_collapses_stays_open) {
+    hear_mouse(root, words::type);
+    move_to(on_a);
+    forget();
+    pass_after("root 2 -6", [&] {
+        EXPECT_FALSE(r->is_expanded());
+        r->set_expanded(true);
+    });
+    r->set_expanded(false);
+    EXPECT_EQ("can_expand r", told());
+    EXPECT_TRUE(r->is_expanded());
+    EXPECT_EQ(3u, rows());
+    EXPECT_EQ("a", at(on_a));
+    EXPECT_EQ("b", at(on_b));
 }
 
 TEST_F(tree_lifetime_test, an_expander_that_goes_while_it_is_pressed_toggles_nothing) {

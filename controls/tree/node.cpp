@@ -1,6 +1,7 @@
 #include "controls/tree/node.h"
 
 #include "com/object.h"
+#include "controls/node_placement.h"
 #include "controls/tree/view.h"
 
 #include <algorithm>
@@ -16,11 +17,9 @@ node& node::from(ITreeNode* given) {
 }
 
 node::~node() {
-    for (const auto& child : children) {
-        child->leave();
-        child->parent = nullptr;
-    }
-    leave();
+    const scene_nodes dropped = forget_rows();
+    for (const auto& child : children) child->parent = nullptr;
+    for (const auto& row : dropped) detach_node(*row);
 }
 
 void node::set_icon(scene::IBitmap* new_icon) {
@@ -89,17 +88,17 @@ void node::remove_child(ITreeNode* given) {
 
 void node::take_out(node& child) {
     const com::ptr<node> keep(&child);
+    const com::ptr<node> keep_this(this);
     const std::size_t place = child.index;
     children.erase(children.begin() + static_cast<std::ptrdiff_t>(place));
     renumber_children(place);
     if (shown_in && !child.placed) --unplaced_children;
-    child.leave();
     child.parent = nullptr;
     const bool closes = children.empty() && std::exchange(expanded, false);
+    child.leave();
     if (!shown_in) return;
     update_expander();
     if (closes && expander_node) draw_expander();
-    if (expander_node && children.empty()) draw_expander();
     if (place < children.size()) {
         children[place]->lay_out();
     } else {
@@ -163,9 +162,10 @@ void node::expand() {
 
 void node::collapse() {
     const auto keep = shown_in->keep_alive();
-    for (const auto& child : children) child->hide();
     expanded = false;
     draw_expander();
+    hide_children();
+    if (expanded || !shown_in) return;  // somebody has heard of a row that is gone
     lay_out();
     shown_in->tell_collapsed(*this);
 }

@@ -46,11 +46,11 @@ public:
     [[nodiscard]] view* get_view() const noexcept { return shown_in; }
     /// Makes the rows of the node and of all below it.
     void enter(view& entered);
-    /// Drops them. Does nothing out of a view.
+    /// Drops them. Does nothing out of a view. Mouse handlers of the nodes around the view hear when the
+    /// mouse was on a row; the nodes are out of the view by then.
     void leave();
-    /// Puts the rows that are to be seen into the view's content, or takes them out.
+    /// Puts the rows that are to be seen into the view's content.
     void show();
-    void hide();
     void set_selected(bool value);
     void redraw_text();
 
@@ -70,7 +70,13 @@ private:
     void renumber_children(std::size_t from) noexcept;
 
     // The row.
+    using scene_nodes = std::vector<com::ptr<scene::INode>>;
+
     void make_row();
+    [[nodiscard]] scene_nodes forget_rows();
+    void forget_rows(scene_nodes& shown);
+    void collect_rows(scene_nodes& shown) const;
+    void hide_children();
     void make_layout();
     void update_expander();
     void draw_expander();

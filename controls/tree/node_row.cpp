@@ -1,3 +1,4 @@
+#include "controls/node_placement.h"
 #include "controls/text_extent.h"
 #include "controls/tree/node.h"
 #include "controls/tree/view.h"
@@ -25,10 +26,21 @@ void node::enter(view& entered) {
 }
 
 void node::leave() {
+    for (const auto& row : forget_rows()) detach_node(*row);
+}
+
+/// Drops the rows of the node and of all below it, and gives those that stand in the view's content. No
+/// handler runs here.
+node::scene_nodes node::forget_rows() {
+    scene_nodes shown;
+    forget_rows(shown);
+    return shown;
+}
+
+void node::forget_rows(scene_nodes& shown) {
     if (!shown_in) return;
-    for (const auto& child : children) child->leave();
-    if (row_node && row_node->get_parent())
-        shown_in->content_node().remove_child(row_node);  // hears of the mouse's leave
+    for (const auto& child : children) child->forget_rows(shown);
+    if (row_node && row_node->get_parent()) shown.push_back(row_node);
     if (selected) shown_in->remove_selected(*this);
     shown_in = nullptr;
     hot_count = 0;
@@ -37,15 +49,26 @@ void node::leave() {
 }
 
 void node::show() {
-    shown_in->content_node().add_child(row_node);
+    if (!row_node->get_parent()) shown_in->content_node().add_child(row_node);
     if (!expanded) return;
     for (const auto& child : children) child->show();
 }
 
-void node::hide() {
-    shown_in->content_node().remove_child(row_node);
+/// Those in the view's content, of the node and of all below it.
+void node::collect_rows(scene_nodes& shown) const {
+    if (row_node->get_parent()) shown.push_back(row_node);
     if (!expanded) return;
-    for (const auto& child : children) child->hide();
+    for (const auto& child : children) child->collect_rows(shown);
+}
+
+/// Of a node that is collapsed now. Ends where a handler that hears of it expands the node again.
+void node::hide_children() {
+    scene_nodes shown;
+    for (const auto& child : children) child->collect_rows(shown);
+    for (const auto& row : shown) {
+        if (expanded) return;
+        detach_node(*row);
+    }
 }
 
 void node::make_row() {
