@@ -107,7 +107,10 @@ bool showDialogHwnd(HWND owner, bool force_scene, IModalService::dialog_details 
     const button_row buttons(details.buttons, reached);
     panel->set_on_close([&reached] { reached = {true, false}; });
     panel->set_content(stacked(details.content, buttons.layout()));
-    const win32::scope_exit taken_out([&] { panel->set_content(nullptr); });
+    const win32::scope_exit taken_out([&] {
+        panel->set_content(nullptr);
+        panel->set_on_close({});  // somebody may keep the panel
+    });
     panel->create_window(0, details.title, WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME, owner);
     const win32::scope_exit destroyed([&] { panel->destroy_window(); });
     if (details.on_created) details.on_created();

@@ -1,21 +1,14 @@
 // Modal dialogs, in both forms of their controls, driven by real input.
 
-#include "d2d/factory.h"
-#include "modal_call.h"
+#include "dialog_test.h"
 #include "onlooker.h"
-#include "portable_forms.h"
-#include "support/input.h"
-#include "support/leak_checked_test.h"
 #include "ui/mossHarbour/IEditControl.h"
-#include "ui/mossHarbour/IModalService.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
 #include "ui/mossHarbour/element_metrics.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <atomic>
-#include <optional>
 #include <stdexcept>
 #include <vector>
 
@@ -29,83 +22,8 @@ using client_test::while_shown;
 using client_test::window_above;
 using testing::ElementsAre;
 using testing::ThrowsMessage;
-using dialog_details = IModalService::dialog_details;
 
-constexpr SIZE body{200, 60};
-
-class dialog : public test_support::leak_checked_test, public testing::WithParamInterface<form> {
-protected:
-    static void SetUpTestSuite() { graphics.emplace(); }
-    static void TearDownTestSuite() { graphics.reset(); }
-    void SetUp() override {
-        leak_checked_test::SetUp();
-        owner.emplace();
-        em = client_test::font_height();
-        button_height = client_test::scene_button_size(L"OK").cy;
-    }
-    void TearDown() override {
-        EXPECT_TRUE(IsWindowEnabled(owner->handle()));
-        EXPECT_EQ(owner->owned(), 0);
-        owner.reset();
-        leak_checked_test::TearDown();
-    }
-
-    [[nodiscard]] static dialog_details plain(dialog_buttons buttons) {
-        return {client_test::blank(body.cx, body.cy), {}, {}, L"dialog", buttons};
-    }
-    [[nodiscard]] bool show(HWND above, const dialog_details& details) const {
-        return GetParam() == form::scene ? showDialogHwnd(above, true, details)
-                                         : showDialogHwnd(above, details);
-    }
-    /// Shows a dialog above the owner while `actions(its window)` run.
-    template <class Actions>
-    bool show(const dialog_details& details, Actions&& actions) {
-        bool result = false;
-        while_shown([&] { actions(shown_above(owner->handle())); },
-                    [&] { result = show(owner->handle(), details); });
-        return result;
-    }
-    /// The dialog above a window that is disabled by now.
-    [[nodiscard]] static HWND shown_above(HWND above) {
-        const HWND found = window_above(above);
-        expect_soon([above] { return !IsWindowEnabled(above); }, "a disabled owner");
-        return found;
-    }
-
-    /// Presses one of a dialog's buttons: the last, or the one ahead of `next`.
-    void press(HWND window, const wchar_t* text, const wchar_t* next = nullptr) const {
-        if (GetParam() == form::native) {
-            test_support::click(child_window(window, L"BUTTON", text), {4, 4});
-            return;
-        }
-        RECT client{};
-        GetClientRect(window, &client);
-        const LONG from_right = next ? 10 * em + em / 2 : 4 * em;  // each is about six ems wide
-        test_support::click(window, {client.right - from_right, client.bottom - em - button_height / 2});
-    }
-    /// Presses a button that is the body, with the text "go".
-    void press_body(HWND window) const {
-        if (GetParam() == form::native) {
-            test_support::click(child_window(window, L"BUTTON", L"go"), {4, 4});
-        } else {
-            test_support::click(window, {em + 10, em + 10});
-        }
-    }
-    /// A dialog whose body is a button with the text "go".
-    [[nodiscard]] static dialog_details with_button(std::function<void(IPanel*)> handler) {
-        auto details = plain(dialog_buttons::ok_cancel);
-        const auto button = create_push_button_control();
-        button->set_on_click(std::move(handler));
-        details.content = client_test::fixed(button, body.cx, body.cy);
-        details.on_created = [button] { button->set_text(L"go"); };
-        return details;
-    }
-
-    static inline std::optional<d2d::factory> graphics;
-    std::optional<client_test::owner_window> owner;
-    int em = 0;
-    LONG button_height = 0;  // on the scene
-};
+class dialog : public client_test::dialog_test {};
 
 INSTANTIATE_TEST_SUITE_P(forms, dialog, testing::ValuesIn(client_test::all_forms),
                          client_test::name_of<testing::TestParamInfo<form>>);
@@ -268,53 +186,6 @@ TEST_P(dialog, is_centred_on_the_window_that_its_owner_is_in) {
     EXPECT_EQ(client.bottom, body.cy + em / 2 + button_height + 2 * em);
 }
 
-TEST_P(dialog, lets_what_is_thrown_pass_with_the_owner_enabled_and_the_window_gone) {
-    auto details = plain(dialog_buttons::ok);
-    details.on_created = [] { throw std::runtime_error("created"); };
-    EXPECT_THAT([&] { static_cast<void>(show(owner->handle(), details)); },
-                ThrowsMessage<std::runtime_error>("created"));
-    EXPECT_EQ(owner->owned(), 0);
-    EXPECT_EQ(owner->changes(), 0);
-    details.on_created = {};
-    details.on_result = [](bool) -> bool { throw std::runtime_error("result"); };
-    EXPECT_THAT([&] { show(details, [&](HWND window) { press(window, L"OK"); }); },
-                ThrowsMessage<std::runtime_error>("result"));
-    EXPECT_EQ(owner->owned(), 0);
-    EXPECT_TRUE(IsWindowEnabled(owner->handle()));
-    const auto thrower = with_button([](IPanel*) { throw std::runtime_error("click"); });
-    EXPECT_THAT([&] { show(thrower, [&](HWND window) { press_body(window); }); },
-                ThrowsMessage<std::runtime_error>("click"));
-    EXPECT_EQ(owner->owned(), 0);
-    EXPECT_TRUE(IsWindowEnabled(owner->handle()));
-    EXPECT_EQ(owner->changes(), 4);
-}
-
-TEST_P(dialog, shows_a_further_dialog_above_itself) {
-    bool inner_result = false;
-    std::atomic<bool> inner_is_done = false;
-    const auto outer = with_button([&](IPanel* panel) {
-        com::ptr<IModalService> service;
-        ASSERT_EQ(panel->QueryService(com::guid_of<IModalService>(), com::guid_of<IModalService>(),
-                                      service.put_void()),
-                  S_OK);
-        inner_result = service->showDialog(plain(dialog_buttons::yes_no));
-        inner_is_done = true;
-    });
-    EXPECT_FALSE(show(outer, [&](HWND window) {
-        press_body(window);
-        const HWND inner = shown_above(window);
-        EXPECT_FALSE(IsWindowEnabled(owner->handle()));
-        press(inner, L"Yes", L"No");
-        expect_soon([&] { return inner_is_done.load(); }, "an end of the inner dialog");
-        expect_soon([&] { return GetForegroundWindow() == window; }, "the outer dialog in front");
-        EXPECT_TRUE(IsWindowEnabled(window));
-        EXPECT_FALSE(IsWindowEnabled(owner->handle()));
-        press(window, L"Cancel");
-    }));
-    EXPECT_TRUE(inner_result);
-    EXPECT_EQ(GetForegroundWindow(), owner->handle());
-}
-
 TEST_P(dialog, without_a_proper_size_leaves_the_owner_alone) {
     const SIZE bodies[] = {{unbounded_extent, 10}, {10, unbounded_extent}, {0x4000, 10}, {10, -1000}};
     for (const auto& [width, height] : bodies) {
@@ -325,25 +196,6 @@ TEST_P(dialog, without_a_proper_size_leaves_the_owner_alone) {
             << width << " x " << height;
     }
     EXPECT_EQ(owner->changes(), 0);
-}
-
-TEST_P(dialog, ends_with_the_program_which_is_not_told_again) {
-    int asked = 0;
-    auto details = plain(dialog_buttons::ok_cancel);
-    details.on_result = [&](bool) {
-        ++asked;
-        return true;
-    };
-    const auto quit_caller = [caller = GetCurrentThreadId()](HWND) {
-        PostThreadMessageW(caller, WM_QUIT, 7, 0);
-    };
-    EXPECT_FALSE(show(details, quit_caller));
-    MSG message{};
-    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE));
-    const auto quitter = with_button([](IPanel*) { PostQuitMessage(7); });
-    EXPECT_FALSE(show(quitter, [&](HWND window) { press_body(window); }));
-    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE));
-    EXPECT_EQ(asked, 0);
 }
 
 }  // namespace

@@ -163,6 +163,17 @@ TEST_P(popup, serves_its_controls_until_one_gives_the_focus_away) {
     EXPECT_EQ(pressed, 2);
 }
 
+TEST_P(popup, stays_without_a_control_that_could_have_the_focus) {
+    auto details = plain();
+    details.content = client_test::blank(body.cx, body.cy);
+    details.on_created = {};
+    EXPECT_FALSE(show(details, [&](HWND window) {
+        SendMessageW(window, WM_NULL, 0, 0);  // back when the loop has run
+        EXPECT_TRUE(IsWindowVisible(window));
+        leave(window);
+    }));
+}
+
 TEST_P(popup, lets_what_is_thrown_pass_with_its_window_gone) {
     auto details = plain();
     details.on_created = [] { throw std::runtime_error("created"); };

@@ -94,7 +94,7 @@ button_flags flags_of(mouse_button button) {
 void send_clicks(HWND window, POINT point, mouse_button button, int clicks) {
     ClientToScreen(window, &point);
     send_to(point);
-    std::vector<INPUT> inputs;
+    std::vector<INPUT> inputs{move_to(point)};  // the late report may come between
     for (int i = 0; i < clicks; ++i) {
         inputs.push_back(mouse_input(flags_of(button).down));
         inputs.push_back(mouse_input(flags_of(button).up));
