@@ -63,6 +63,7 @@ TEST_F(window_host, a_view_that_comes_late_meets_the_target) {
     open(opened);
     ShowWindow(opened.get_window_handle(), SW_SHOWNA);
     UpdateWindow(opened.get_window_handle());
+    test_support::pump_until_idle();  // the screen wants all of a new window painted, some time
     EXPECT_EQ(nullptr, opened.set_lower_edge(&edge));
     EXPECT_THAT(edge.take_calls(), ElementsAre("attach_site", "attach_render_target"));
     edge.site->invalidate_rect({1.5f, 2, 3, 4});
