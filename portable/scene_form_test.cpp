@@ -13,6 +13,7 @@ namespace {
 
 using namespace ui::mossHarbour;
 using namespace ui::mossHarbour::stubs;
+using d2d::scene::fakes::same;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::ThrowsMessage;
@@ -68,6 +69,24 @@ TEST_F(scene_controls, have_their_texts_beside_their_marks_and_in_their_frames) 
     EXPECT_EQ(button.min_height, label.min_height + 4);
     EXPECT_EQ(button.max_width, unbounded_extent);
     EXPECT_EQ(button.max_height, unbounded_extent);
+}
+
+TEST_F(scene_controls, keep_a_text_in_its_place_when_it_changes) {
+    const auto stays = [this](const auto& control) {
+        panel->set_content(stacked({control}));
+        control->set_text(L"Light the lamps at dusk");
+        panel->measure();
+        panel->arrange(100, 50, 300, 66);
+        control->set_text(L"Fog");
+        const auto at_once = panel->get_node()->get_bounds(true);
+        panel->arrange(0, 0, 10, 10);
+        panel->arrange(100, 50, 300, 66);
+        return same(panel->get_node()->get_bounds(true), at_once);
+    };
+    EXPECT_TRUE(stays(create_label_control()));
+    EXPECT_TRUE(stays(create_check_box_control()));
+    EXPECT_TRUE(stays(create_radio_button_control(true)));
+    EXPECT_TRUE(stays(create_push_button_control()));
 }
 
 TEST_F(scene_controls, that_are_checked_say_so_without_a_word_to_their_handlers) {

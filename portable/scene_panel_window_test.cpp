@@ -229,6 +229,43 @@ TEST_F(scene_panel_window, materializes_at_once_and_arranges_when_it_is_sized) {
     EXPECT_EQ(second.placed.size(), 1u);
 }
 
+/// A layout of a client's own, which is its own form.
+class own_layout
+    : public com::base_object<com::object_base, ILayout, IMaterializableElement, IMaterializedElement> {
+public:
+    com::ptr<IMaterializedElement> materialize(materialization_context&) override {
+        if (is_refusing) throw std::runtime_error("refused");
+        return this;
+    }
+    void dematerialize(materialization_context&) override {}
+    element_metrics measure(measure_context&) override { return plain; }
+    void arrange(int, int, int, int) override { ++arranged; }
+
+    bool is_refusing = false;
+    int arranged = 0;
+
+protected:
+    ~own_layout() = default;
+};
+
+TEST_F(scene_panel_window, arranges_no_content_that_was_taken_out) {
+    const auto own = com::create_object<own_layout>();
+    const com::ptr<ILayout> layout(own.get());
+    open();
+    panel->set_content(layout);
+    fit();
+    ShowWindow(handle(), SW_SHOW);
+    EXPECT_EQ(own->arranged, 1);
+    EXPECT_TRUE(panel->set_content(nullptr) == layout);
+    resize(120, 60);
+    EXPECT_EQ(own->arranged, 1);
+    panel->set_content(layout);
+    own->is_refusing = true;
+    EXPECT_THROW(panel->set_content(layout), std::runtime_error);
+    resize(130, 70);
+    EXPECT_EQ(own->arranged, 1);
+}
+
 TEST_F(scene_panel_window, shows_the_new_content_in_place_of_the_old_one) {
     const auto label = create_label_control();
     const auto layout = stacked(label);
