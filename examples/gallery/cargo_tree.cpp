@@ -158,9 +158,10 @@ void cargo_tree::drag_begin(ui::ITreeNode* node, D2D_POINT_2F, d2d::input::mouse
     const com::ptr<d2d::scene::IMovableFloatingNode> floating =
         d2d::scene::IFloatingNode::float_node(place.get(), image.get());
     const auto follow = [&] {
-        constexpr float beside = 12;  // the row beneath stays in sight
+        constexpr float beside = 16;  // the row beneath stays in sight
+        constexpr float below = 10;
         const D2D_POINT_2F cursor = cursor_on_screen();
-        floating->set_position({cursor.x + beside, cursor.y});
+        floating->set_position({cursor.x + beside, cursor.y + below});
         floating->commit();
     };
     follow();

@@ -15,6 +15,10 @@ flow& flow::add(com::ptr<d2d::ui::IControl> control, D2D_SIZE_F size) {
     return add({std::move(control), manner::sized, size});
 }
 
+flow& flow::add_joined(com::ptr<d2d::ui::IControl> control, D2D_SIZE_F size) {
+    return add({std::move(control), manner::sized, size, true});
+}
+
 flow& flow::add_moved(com::ptr<d2d::ui::IControl> control) {
     return add({std::move(control), manner::moved, {}});
 }
@@ -46,7 +50,7 @@ float flow::place(D2D_POINT_2F corner, float width) {
     std::size_t first = 0;
     for (std::size_t i = 0; i < items.size(); ++i) {
         const D2D_SIZE_F size = size_of(items[i]);
-        if (i > first && x + size.width > width) {
+        if (i > first && !items[i].joined && x + width_with_joined(i) > width) {
             place_line(first, i, {corner.x, y}, height);
             y += height + between;
             first = i;
@@ -57,6 +61,14 @@ float flow::place(D2D_POINT_2F corner, float width) {
     }
     place_line(first, items.size(), {corner.x, y}, height);
     return y + height - corner.y;
+}
+
+// Of a control and those that stay with it.
+float flow::width_with_joined(std::size_t first) const {
+    float width = size_of(items[first]).width;
+    for (std::size_t i = first + 1; i < items.size() && items[i].joined; ++i)
+        width += between + size_of(items[i]).width;
+    return width;
 }
 
 // Each in the middle of the line's height, on whole pixels.

@@ -17,6 +17,8 @@ public:
     /// A control in the size that it prefers.
     flow& add(com::ptr<d2d::ui::IControl> control);
     flow& add(com::ptr<d2d::ui::IControl> control, D2D_SIZE_F size);
+    /// The same, always on the line of the one before.
+    flow& add_joined(com::ptr<d2d::ui::IControl> control, D2D_SIZE_F size);
     /// A control that takes part in no layout: its node is moved.
     flow& add_moved(com::ptr<d2d::ui::IControl> control);
 
@@ -29,10 +31,12 @@ private:
         com::ptr<d2d::ui::IControl> control;
         manner kind;
         D2D_SIZE_F size;
+        bool joined = false;
     };
 
     flow& add(item added);
     [[nodiscard]] static D2D_SIZE_F size_of(const item& each);
+    [[nodiscard]] float width_with_joined(std::size_t first) const;
     void place_line(std::size_t first, std::size_t end, D2D_POINT_2F corner, float height) const;
 
     sketch::node parent;

@@ -15,6 +15,8 @@ public:
     ~gallery_window();
 
     std::optional<long> on_window_message(MSG message) override;
+    /// To be called ahead of each message.
+    void update() { shown->update(); }
 
 private:
     void show_page(std::size_t number);

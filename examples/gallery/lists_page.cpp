@@ -14,7 +14,7 @@ namespace {
 using label = com::ptr<d2d::ui::ITextLabel>;
 using list = com::ptr<d2d::ui::ILabelList>;
 
-constexpr float list_height = 97;
+constexpr float list_height = 78;
 
 class lists_page : public page {
 public:
@@ -23,6 +23,12 @@ public:
         add_ports();
         add_log();
         add_table();
+    }
+
+    // Neither list nor table tell what is selected.
+    void update() override {
+        tell_port();
+        table.tell_selected();
     }
 
 private:
@@ -52,11 +58,6 @@ void lists_page::add_ports() {
     sheet.node()->add_child(ports_frame.node());
     sheet.add_area(list_height, [this](D2D_RECT_F rect) { ports_frame.place(rect); });
     sheet.add_flow().add(chosen, {240, space::usual});
-    // The list tells nobody: whoever wants to know asks behind the events that reach it.
-    ports->get_node()->add_mouse_handler([this](d2d::scene::INode*, int depth, d2d::input::mouse::event) {
-        if (depth >= 0) tell_port();
-        return false;
-    });
     tell_port();
 }
 
@@ -102,7 +103,7 @@ void lists_page::add_table() {
         add_card(L"Label table", L"A click on a heading sorts by its column, another one the other way.");
     sheet.make_wide();
     sheet.node()->add_child(table.node());
-    give_rest_to(sheet.add_area(172, [this](D2D_RECT_F rect) { table.place(rect); }));
+    give_rest_to(sheet.add_area(139, [this](D2D_RECT_F rect) { table.place(rect); }));
     const auto several = make_check_box(style, L"Select several, with Control and Shift");
     several->set_on_click([this](bool checked) { table.select_several(checked); });
     sheet.add_flow(space::large).add(several).add(table.status(), {320, space::usual});

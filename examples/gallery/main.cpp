@@ -11,7 +11,10 @@ int run() {
     window.create_window(0, L"Gallery", WS_OVERLAPPEDWINDOW, 120, 80, 960, 700, nullptr, nullptr);
     window.show_window(SW_SHOW);
     window.root_node()->set_focus();
-    const int result = d2d::win32_scene_window::run_message_loop([](MSG&) { return false; });
+    const int result = d2d::win32_scene_window::run_message_loop([&](MSG&) {
+        window.update();
+        return false;
+    });
     window.destroy_window();
     return result;
 }

@@ -19,6 +19,9 @@ public:
     /// Lays the page out for a view of this size. Returns the size that it takes, which may be more.
     D2D_SIZE_F arrange(D2D_SIZE_F view);
 
+    /// Called ahead of each message: an occasion to look after what controls tell nobody.
+    virtual void update() {}
+
 protected:
     const look& style;
 

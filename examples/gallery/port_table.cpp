@@ -3,28 +3,45 @@
 #include "ports.h"
 
 #include <algorithm>
+#include <set>
+#include <string>
 
 namespace gallery {
 namespace {
 
 using d2d::ui::ILabelTable;
 
-constexpr int most_keys = 8;  // that the line has room for
+constexpr std::size_t most_names = 3;  // that the line has room for
 
-// Below 0, 0 or above 0.
+// Below 0, 0 or above 0, as a reader looks words up: letters with marks stand beside those without.
+[[nodiscard]] int compare(std::wstring_view a, std::wstring_view b) {
+    return CompareStringEx(LOCALE_NAME_INVARIANT, 0, a.data(), static_cast<int>(a.size()), b.data(),
+                           static_cast<int>(b.size()), nullptr, nullptr, 0) -
+           CSTR_EQUAL;
+}
+
+// The same of the values of a column.
 [[nodiscard]] int compare(const port& a, const port& b, std::size_t column) {
     switch (column) {
         case 0:
-            return a.name.compare(b.name);
+            return compare(a.name, b.name);
         case 1:
-            return a.water.compare(b.water);
+            return compare(a.country, b.country);
         case 2:
-            return a.berths - b.berths;
+            return compare(a.water, b.water);
         case 3:
+            return a.berths - b.berths;
+        case 4:
             return a.depth - b.depth;
         default:
             return a.ships - b.ships;
     }
+}
+
+[[nodiscard]] std::wstring count_of(std::wstring_view port::*word) {
+    std::set<std::wstring_view> different;
+    for (const port& each : all_ports()) different.insert(each.*word);
+    return std::to_wstring(different.size());
 }
 
 }  // namespace
@@ -37,16 +54,16 @@ port_table::port_table(const look& colours) : style(colours) {
     table->end_update();
     listen();
     sort_by(0);
-    tell_keys();
+    tell_selected();
 }
 
 void port_table::add_headings() {
-    static constexpr std::array<std::wstring_view, columns> names{L"Harbour", L"Water", L"Berths",
-                                                                  L"Depth in m", L"Ships a day"};
+    static constexpr std::array<std::wstring_view, columns> names{L"Harbour", L"Country",    L"Water",
+                                                                  L"Berths",  L"Depth in m", L"Ships a day"};
     for (std::size_t i = 0; i < columns; ++i) headings[i] = make_label(names[i], style.strong);
-    table->add_row(
-        0, 0, ILabelTable::header,
-        {headings[0].get(), headings[1].get(), headings[2].get(), headings[3].get(), headings[4].get()});
+    table->add_row(0, 0, ILabelTable::header,
+                   {headings[0].get(), headings[1].get(), headings[2].get(), headings[3].get(),
+                    headings[4].get(), headings[5].get()});
 }
 
 void port_table::add_ports() {
@@ -54,9 +71,9 @@ void port_table::add_ports() {
     for (const port& each : all_ports()) {
         const auto text = [this](std::wstring_view words) { return make_label(words, style.body); };
         const auto count = [&](int value) { return text(std::to_wstring(value)); };
-        table->add_row(number, number + 1, ILabelTable::body,
-                       {text(each.name).get(), text(each.water).get(), count(each.berths).get(),
-                        count(each.depth).get(), count(each.ships).get()});
+        table->add_row(number, number, ILabelTable::body,
+                       {text(each.name).get(), text(each.country).get(), text(each.water).get(),
+                        count(each.berths).get(), count(each.depth).get(), count(each.ships).get()});
         ++number;
     }
 }
@@ -74,18 +91,17 @@ void port_table::add_sums() {
         return make_label(words, style.body, style.accent);
     };
     table->add_row(0, 0, ILabelTable::footer,
-                   {text(std::to_wstring(all_ports().size()) + L" harbours").get(), text(L"6 waters").get(),
-                    text(std::to_wstring(berths)).get(), text(L"up to " + std::to_wstring(deepest)).get(),
-                    text(std::to_wstring(ships)).get()});
+                   {text(std::to_wstring(all_ports().size()) + L" harbours").get(),
+                    text(count_of(&port::country) + L" countries").get(),
+                    text(count_of(&port::water) + L" waters").get(), text(std::to_wstring(berths)).get(),
+                    text(L"up to " + std::to_wstring(deepest)).get(), text(std::to_wstring(ships)).get()});
 }
 
-// The table tells that the heading is clicked, not where: the press came by here. Nor does it tell what is
-// selected: any event is an occasion to look.
+// The table tells that the heading is clicked, not where: the press came by here.
 void port_table::listen() {
     table->get_node()->add_mouse_handler(
         [this](d2d::scene::INode*, int, const d2d::input::mouse::event& event) {
             if (event.type == d2d::input::mouse::event_type::button_down) pressed = event.position;
-            tell_keys();
             return false;
         });
     table->set_on_header_click([this](ILabelTable::row_key) { sort_by(column_at(pressed)); });
@@ -123,18 +139,18 @@ void port_table::select_several(bool several) {
     }
 }
 
-void port_table::tell_keys() {
-    std::wstring text;
-    int count = 0;
-    for (const int key : table->get_selected_keys()) {
-        if (++count > most_keys) break;
-        text.append(text.empty() ? L"Selected: " : L", ").append(std::to_wstring(key));
+void port_table::tell_selected() {
+    const auto keys = table->get_selected_keys();
+    std::wstring text = keys.empty() ? L"No row is selected." : L"Selected: ";
+    for (std::size_t i = 0; i < std::min(keys.size(), most_names); ++i) {
+        if (i > 0) text.append(L", ");
+        text.append(all_ports()[static_cast<std::size_t>(keys[i])].name);
     }
-    if (count > most_keys) text.append(L" ...");
-    if (text.empty()) text = L"No row is selected.";
+    if (keys.size() > most_names)
+        text.append(L" and " + std::to_wstring(keys.size() - most_names) + L" more");
     if (text == told) return;
     told = text;
-    change_text(*keys, text);
+    change_text(*selected, text);
 }
 
 }  // namespace gallery

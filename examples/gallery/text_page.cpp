@@ -3,6 +3,7 @@
 #include "controls.h"
 #include "d2d/ui/ILineEdit.h"
 #include "d2d/ui/IPopupOptions.h"
+#include "options_style.h"
 
 #include <array>
 #include <span>
@@ -16,6 +17,8 @@ using edit = com::ptr<d2d::ui::ILineEdit>;
 using options = com::ptr<d2d::ui::IPopupOptions>;
 
 constexpr float edit_width = 240;
+constexpr float narrow_edit_width = 160;
+constexpr float count_width = 88;
 constexpr D2D_SIZE_F options_size{128, 28};
 
 constexpr std::array<std::wstring_view, 4> ports{L"Bergen", L"Kiel", L"Malmö", L"Riga"};
@@ -44,6 +47,7 @@ private:
     [[nodiscard]] options make_ports() const;
     [[nodiscard]] options make_cargoes() const;
 
+    com::ptr<options_style> choosing = com::create_object<options_style>(style.card);
     options from = make_ports();
     options to = make_ports();
     options cargo = make_cargoes();
@@ -75,9 +79,8 @@ void text_page::add_mirror() {
 
 void text_page::add_kinds() {
     card& sheet = add_card(L"With a frame and without", L"A click puts the cursor, with Shift it selects.");
-    add_edit(sheet, make_edit(L"With a frame", true, style.body));
-    add_edit(sheet, make_edit(L"Without one", false, style.body));
     add_edit(sheet, make_edit(L"In another font", true, style.heading));
+    add_edit(sheet, make_edit(L"Without a frame", false, style.body));
 }
 
 void text_page::add_scripts() {
@@ -87,14 +90,15 @@ void text_page::add_scripts() {
 }
 
 void text_page::add_length() {
-    card& sheet = add_card(L"Set by program", L"Buttons replace the text; the label counts what is typed.");
+    card& sheet = add_card(L"Set by program", L"Buttons replace the text.");
     const edit words = make_edit(L"Fair winds", true, style.body);
     const label count = make_label(L"10 characters", style.body, style.faint_ink);
     const auto tell = [count](d2d::ui::ILineEdit& source) {
         change_text(*count, std::to_wstring(source.get_text().size()) + L" characters");
     };
     words->set_on_change([tell, source = words.get()] { tell(*source); });
-    add_edit(sheet, words);
+    const float height = words->measure().preferred_size.height;
+    sheet.add_flow().add(words, {narrow_edit_width, height}).add(count, {count_width, space::usual});
     flow& buttons = sheet.add_flow();
     for (const auto* text : {L"Fair winds", L"Man overboard", L""}) {
         const auto button = make_button(style, *text ? text : L"Nothing");
@@ -104,30 +108,31 @@ void text_page::add_length() {
         });
         buttons.add(button);
     }
-    sheet.add_flow().add(count, {edit_width, space::usual});
 }
 
 options text_page::make_ports() const {
     const auto text = [this](std::size_t i) { return make_label(ports[i], style.body); };
     return d2d::ui::create_popup_options({0, 0, options_size.width, options_size.height},
-                                         {{0, text(0)}, {1, text(1)}, {2, text(2)}, {3, text(3)}}, nullptr);
+                                         {{0, text(0)}, {1, text(1)}, {2, text(2)}, {3, text(3)}},
+                                         choosing.get());
 }
 
 options text_page::make_cargoes() const {
     const auto text = [this](std::size_t i) { return make_label(cargoes[i], style.body); };
     return d2d::ui::create_popup_options({0, 0, options_size.width, options_size.height},
-                                         {{0, text(0)}, {1, text(1)}, {2, text(2)}}, nullptr);
+                                         {{0, text(0)}, {1, text(1)}, {2, text(2)}}, choosing.get());
 }
 
 void text_page::add_passage() {
-    card& sheet = add_card(L"Popup options", L"A press beside the word opens the list of all.");
+    card& sheet =
+        add_card(L"Popup options", L"A press beside the word opens the list, the next one chooses.");
     sheet.make_wide();
     flow& line = sheet.add_flow();
     int first = 1;
     const auto add = [&](std::wstring_view word, const options& added) {
         added->set_selected(first++ % 3);
         added->set_on_change([this](std::optional<int>) { tell_passage(); });
-        line.add(make_label(word, style.body)).add(added, options_size);
+        line.add(make_label(word, style.body)).add_joined(added, options_size);
     };
     add(L"From", from);
     add(L"to", to);

@@ -1,20 +1,9 @@
-// The gallery, as its user sees it: real input on every page, and what shows of it.
+// The gallery, as its user sees it: its window, its buttons and labels, and what scrolls.
 
-#include "onlooker.h"
-#include "running_program.h"
-#include "support/input.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include "gallery_fixture.h"
 
 namespace {
 
-using client_test::awaited_golden;
-using client_test::likeness;
-using client_test::onlooker;
-using client_test::part;
-using client_test::running_program;
 using test_support::click;
 using test_support::drag;
 using test_support::mouse_button;
@@ -22,101 +11,7 @@ using test_support::move_mouse;
 using test_support::picture;
 using test_support::strike_key;
 
-// Text may be smoothed a little differently from one version of the fonts to the next.
-constexpr test_support::tolerance fonts_of_a_card{.channel = 24, .pixels = 60};
-constexpr test_support::tolerance fonts_of_a_page{.channel = 24, .pixels = 300};
-
-constexpr POINT away{500, 30};  // a place without a control
-constexpr POINT buttons_button{92, 122};
-constexpr POINT labels_button{92, 166};
-constexpr POINT scrolling_button{92, 210};
-// The column of the pages' buttons is compared by itself: it is longer with each page that comes.
-constexpr RECT navigation{0, 80, 184, 673};
-constexpr RECT page{184, 80, 952, 673};
-
-bool in_one_of(std::initializer_list<RECT> rects, POINT point) {
-    return std::any_of(rects.begin(), rects.end(), [&](const RECT& rect) { return PtInRect(&rect, point); });
-}
-
-unsigned differences_outside(const picture& a, const picture& b, std::initializer_list<RECT> rects) {
-    unsigned count = 0;
-    for (unsigned y = 0; y < a.height; ++y)
-        for (unsigned x = 0; x < a.width; ++x)
-            if (a.at(x, y) != b.at(x, y) && !in_one_of(rects, {static_cast<LONG>(x), static_cast<LONG>(y)}))
-                ++count;
-    return count;
-}
-
-class gallery_example : public testing::Test {
-protected:
-    void SetUp() override {
-        SetForegroundWindow(window);
-        ASSERT_TRUE(test_support::pump_until([&] { return GetForegroundWindow() == window; }));
-        move_mouse(window, away);
-        expect_shown("buttons");
-    }
-
-    /// Compares all that is right of the pages' buttons.
-    void expect_shown(std::string_view golden) {
-        const awaited_golden expected("gallery/" + std::string(golden), fonts_of_a_page);
-        const auto seen = [&] { return part(eye.shown(), {page.left, 0, width(), height()}); };
-        eye.look_until_like([&] { return expected.likeness_of(seen()); });
-        EXPECT_TRUE(expected.matches(seen()));
-    }
-
-    [[nodiscard]] LONG width() const { return static_cast<LONG>(eye.shown().width); }
-    [[nodiscard]] LONG height() const { return static_cast<LONG>(eye.shown().height); }
-
-    void expect_back(const picture& earlier) { EXPECT_TRUE(eye.shows_again(earlier)); }
-
-    /// Does something that changes `card`, and compares that. Nothing else changes, except in `last`, where
-    /// the focus has been.
-    template <class Action>
-    void change(std::string_view golden, RECT card, RECT last, Action&& action) {
-        SCOPED_TRACE(golden);
-        const awaited_golden expected("gallery/" + std::string(golden), fonts_of_a_card);
-        const picture before = eye.shown();
-        action();
-        eye.look_until_like([&] {
-            return eye.shown() == before ? likeness::none : expected.likeness_of(part(eye.shown(), card));
-        });
-        const picture& shown = eye.shown();
-        ASSERT_EQ(before.width, shown.width);
-        ASSERT_EQ(before.height, shown.height);
-        const picture now = part(shown, card);
-        EXPECT_TRUE(part(before, card) != now) << "nothing changes";
-        EXPECT_TRUE(expected.matches(now));
-        EXPECT_EQ(0u, differences_outside(before, shown, {card, last}));
-    }
-
-    template <class Action>
-    void change(std::string_view golden, RECT card, Action&& action) {
-        change(golden, card, {}, std::forward<Action>(action));
-    }
-
-    /// The same of a click.
-    void press(std::string_view golden, RECT card, POINT button, RECT last = {}) {
-        change(golden, card, last, [&] { click(window, button); });
-    }
-
-    /// A press beside the last one: buttons do not count the second press of a double click.
-    void press_again(std::string_view golden, RECT card, POINT button) {
-        press(golden, card, {button.x + 6, button.y});
-    }
-
-    /// Clicks what is disabled, and leaves it again: everything is as it was ahead of it.
-    void press_in_vain(std::string_view hovered, RECT card, POINT button, POINT back) {
-        const picture before = eye.shown();
-        change(hovered, card, [&] { move_mouse(window, button); });
-        click(window, button);
-        move_mouse(window, back);
-        expect_back(before);
-    }
-
-    running_program program{L"gallery.exe", L"Gallery"};
-    HWND window = program.window();
-    onlooker eye{window};
-};
+using gallery_example = client_test::gallery_fixture;
 
 TEST_F(gallery_example, opens_with_its_first_page) {
     EXPECT_TRUE(eye.shows_golden("gallery/window", fonts_of_a_page));
@@ -125,7 +20,7 @@ TEST_F(gallery_example, opens_with_its_first_page) {
 TEST_F(gallery_example, clicks_latches_and_checks) {
     constexpr RECT push_card{208, 469, 554, 616};
     constexpr RECT check_card{570, 469, 916, 616};
-    change("push_hovered", push_card, [&] { move_mouse(window, {262, 553}); });
+    hover("push_hovered", push_card, {262, 553});
     press("push_clicked", push_card, {262, 553});
     press_again("push_clicked_twice", push_card, {262, 553});
     press("push_latched", push_card, {348, 553});
@@ -195,7 +90,7 @@ TEST_F(gallery_example, changes_labels) {
     strike_key(VK_END);
     expect_shown("labels_end");
     constexpr RECT strip_card{208, 500, 916, 649};
-    change("strip_hovered", strip_card, [&] { move_mouse(window, {332, 601}); });
+    hover("strip_hovered", strip_card, {332, 601});
     const picture hovered = eye.shown();
     change("strip_pressed", strip_card, [] { test_support::press_mouse(); });
     test_support::release_mouse();
@@ -264,6 +159,29 @@ TEST_F(gallery_example, fits_every_size_and_ends_with_its_window) {
 
     PostMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(0u, program.exit_code());
+}
+
+TEST_F(gallery_example, fits_lists_trees_and_text_into_every_size) {
+    click(window, lists_button);
+    program.set_position(0, 0, 1250, 1000, 0);
+    move_mouse(window, away);
+    expect_shown("lists_large");
+    click(window, tree_button);
+    expect_shown("tree_large");
+    click(window, text_button);
+    expect_shown("text_large");
+    program.set_position(0, 0, 100, 100, 0);
+    expect_shown("text_smallest");
+    strike_key(VK_END);
+    expect_shown("text_smallest_end");
+    click(window, tree_button);
+    strike_key(VK_END);
+    expect_shown("tree_smallest_end");
+    click(window, lists_button);
+    strike_key(VK_NEXT);
+    expect_shown("lists_smallest_below");
+    strike_key(VK_END);
+    expect_shown("lists_smallest_end");
 }
 
 }  // namespace

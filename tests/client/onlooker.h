@@ -27,7 +27,7 @@ class awaited_golden {
 public:
     awaited_golden(std::string_view name, test_support::tolerance allowed);
 
-    /// Close: within the tolerance. Where there is no golden yet, any picture is.
+    /// Close: within the tolerance. Where there is no golden yet, nothing is: what shows at rest is taken.
     [[nodiscard]] likeness likeness_of(const test_support::picture& seen) const;
     [[nodiscard]] testing::AssertionResult matches(const test_support::picture& seen) const;
 
@@ -57,7 +57,7 @@ public:
         using std::chrono::steady_clock;
         constexpr auto settling = std::chrono::seconds(1);
         constexpr auto longest_rest = std::chrono::seconds(10);  // from one change to the next
-        constexpr auto limit = std::chrono::minutes(1);          // a caret that blinks never rests
+        constexpr auto limit = std::chrono::seconds(30);         // a caret that blinks never rests
         constexpr steady_clock::duration shortest_pause = std::chrono::milliseconds(20);
         const auto start = steady_clock::now();
         auto changed = start;

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <exception>
+#include <iterator>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -91,7 +92,18 @@ button_flags flags_of(mouse_button button) {
     throw std::logic_error("no such button");
 }
 
-void send_clicks(HWND window, POINT point, mouse_button button, int clicks) {
+// All at once: a late report of the screen about its own keyboard can release keys that are held under Wine.
+void send_with_held(std::initializer_list<WORD> held, const std::vector<INPUT>& inputs) {
+    std::vector<INPUT> all;
+    for (const WORD key : held) all.push_back(key_input(key, 0));
+    all.insert(all.end(), inputs.begin(), inputs.end());
+    for (auto key = std::rbegin(held); key != std::rend(held); ++key)
+        all.push_back(key_input(*key, KEYEVENTF_KEYUP));
+    send(std::move(all));
+}
+
+void send_clicks(HWND window, POINT point, mouse_button button, int clicks,
+                 std::initializer_list<WORD> held = {}) {
     ClientToScreen(window, &point);
     send_to(point);
     std::vector<INPUT> inputs{move_to(point)};  // the late report may come between
@@ -99,7 +111,7 @@ void send_clicks(HWND window, POINT point, mouse_button button, int clicks) {
         inputs.push_back(mouse_input(flags_of(button).down));
         inputs.push_back(mouse_input(flags_of(button).up));
     }
-    send(inputs);
+    send_with_held(held, inputs);
 }
 
 }  // namespace
@@ -143,8 +155,8 @@ void release_mouse(mouse_button button) {
     send({mouse_input(flags_of(button).up)});
 }
 
-void click(HWND window, POINT point, mouse_button button) {
-    send_clicks(window, point, button, 1);
+void click(HWND window, POINT point, mouse_button button, std::initializer_list<WORD> held) {
+    send_clicks(window, point, button, 1, held);
 }
 
 void double_click(HWND window, POINT point, mouse_button button) {
@@ -178,11 +190,7 @@ void release_key(WORD virtual_key) {
 }
 
 void strike_key(WORD virtual_key, std::initializer_list<WORD> held) {
-    const std::vector<WORD> keys(held);
-    for (const WORD key : keys) press_key(key);
-    press_key(virtual_key);
-    release_key(virtual_key);
-    for (auto key = keys.rbegin(); key != keys.rend(); ++key) release_key(*key);
+    send_with_held(held, {key_input(virtual_key, 0), key_input(virtual_key, KEYEVENTF_KEYUP)});
 }
 
 void type_text(std::wstring_view text) {

@@ -27,7 +27,9 @@ void bring_to_front(HWND window);
 void move_mouse(HWND window, POINT point);
 void press_mouse(mouse_button button = mouse_button::left);
 void release_mouse(mouse_button button = mouse_button::left);
-void click(HWND window, POINT point, mouse_button button = mouse_button::left);
+/// With keys held: `click(window, point, mouse_button::left, {VK_SHIFT})`.
+void click(HWND window, POINT point, mouse_button button = mouse_button::left,
+           std::initializer_list<WORD> held = {});
 void double_click(HWND window, POINT point, mouse_button button = mouse_button::left);
 
 /// Presses at `from`, moves in `steps` steps, and releases; uses `meanwhile`.
