@@ -162,9 +162,9 @@ TEST_F(gallery_example, fits_every_size_and_ends_with_its_window) {
 }
 
 TEST_F(gallery_example, fits_lists_trees_and_text_into_every_size) {
-    click(window, lists_button);
     program.set_position(0, 0, 1250, 1000, 0);
-    move_mouse(window, away);
+    expect_shown("buttons_large");
+    click(window, lists_button);
     expect_shown("lists_large");
     click(window, tree_button);
     expect_shown("tree_large");

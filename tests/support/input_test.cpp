@@ -46,6 +46,14 @@ TEST_F(real_input, clicks_with_each_button) {
     expect_point(60, 32, WM_MBUTTONUP);
 }
 
+TEST_F(real_input, clicks_while_keys_are_held) {
+    click(window.handle(), {20, 30}, mouse_button::left, {VK_SHIFT, VK_CONTROL});
+    EXPECT_EQ(WPARAM{MK_LBUTTON | MK_SHIFT | MK_CONTROL}, window.last(WM_LBUTTONDOWN).wParam);
+    EXPECT_EQ(WPARAM{MK_SHIFT | MK_CONTROL}, window.last(WM_LBUTTONUP).wParam);
+    EXPECT_LE(0, GetKeyState(VK_SHIFT)) << "released";
+    EXPECT_LE(0, GetKeyState(VK_CONTROL)) << "released";
+}
+
 TEST_F(real_input, double_clicks) {
     double_click(window.handle(), {90, 30});
     EXPECT_EQ(1, window.count(WM_LBUTTONDOWN));
