@@ -19,6 +19,7 @@ struct tree_model {
     float state_icon_width = 0;
     bool expandable = false;
     bool expanded = false;
+    bool selected = false;
     tree_model* parent = nullptr;
     std::vector<tree_model*> children;
     int shown_in = -1;  ///< for one without a parent: the number of the view that has its rows

@@ -1,4 +1,5 @@
-// Trees through random changes, compared with a model that lays them out anew from their roots.
+// Trees through random changes and selections, compared with a model that lays them out anew from their
+// roots.
 
 #include "com/object.h"
 #include "controls/testing/tree_model.h"
@@ -64,7 +65,9 @@ protected:
     void collapsed(ITreeNode* told) override { told_collapsed.push_back(told); }
     void context_menu(ITreeNode*) override {}
     void drag_begin(ITreeNode*, D2D_POINT_2F, input::mouse::button) override {}
-    void selection_changed(ITreeNode*, ITreeNode*) override {}
+    void selection_changed(ITreeNode* old_node, ITreeNode* new_node) override {
+        told_selected.emplace_back(old_node, new_node);
+    }
 
     // Choices
 
@@ -126,6 +129,32 @@ protected:
         EXPECT_EQ(toggles && !value, told_collapsed == std::vector{of.node.get()});
         if (!toggles || !value || !refuses) of.expanded = value;
         filled_in = 0;
+    }
+    void select(tree_model& wanted) {
+        const int view_number = wanted.view();
+        told_selected.clear();
+        if (view_number < 0) {
+            EXPECT_EQ("tree node must be in tree", thrown_by([&] { views[0]->select(wanted.node.get()); }));
+            return;
+        }
+        views.at(static_cast<std::size_t>(view_number))->select(wanted.node.get());
+        if (wanted.selected) {
+            EXPECT_TRUE(told_selected.empty());
+            return;
+        }
+        // Several may have come in selected, of which one is told.
+        std::vector<ITreeNode*> former;
+        for (const auto& each : models) {
+            if (each->view() != view_number || !std::exchange(each->selected, false)) continue;
+            former.push_back(each->node.get());
+        }
+        wanted.selected = true;
+        ASSERT_EQ(1u, told_selected.size());
+        const auto [old_node, new_node] = told_selected.front();
+        EXPECT_EQ(wanted.node.get(), new_node);
+        EXPECT_EQ(former.empty(), old_node == nullptr);
+        EXPECT_EQ(former.empty() ? 0 : 1, std::count(former.begin(), former.end(), old_node));
+        ++selections;
     }
     void set_root(std::size_t view_number, tree_model* wanted) {
         control& shown = *views.at(view_number);
@@ -189,6 +218,8 @@ protected:
             case 9:
                 if (models.size() > most / 2) forget_tree(any());
                 return;
+            case 10:
+                return select(any());
             default:
                 return set_expanded(any(), !one_in(4));
         }
@@ -249,7 +280,10 @@ protected:
     }
 
     void compare() {
-        for (const auto& each : models) ASSERT_EQ(each->expanded, each->node->is_expanded());
+        for (const auto& each : models) {
+            ASSERT_EQ(each->expanded, each->node->is_expanded());
+            ASSERT_EQ(each->selected, each->node->is_selected());
+        }
         for (std::size_t i = 0; i < views.size(); ++i) {
             auto wanted = wanted_rows(i);
             const D2D_SIZE_F size = views.at(i)->measure().preferred_size;
@@ -289,6 +323,8 @@ protected:
     std::size_t most_rows = 0;
     std::size_t rows_compared = 0;
     std::size_t nodes_found = 0;
+    int selections = 0;
+    std::vector<std::pair<ITreeNode*, ITreeNode*>> told_selected;
 
     // Of the expansion under way
     tree_model* expanding = nullptr;
@@ -310,9 +346,10 @@ TEST_F(random_layout_test, rows_lie_where_a_layout_from_the_root_puts_them) {
         ASSERT_FALSE(HasFailure()) << "step " << step;
     }
     std::cout << "seed " << seed << ": " << rows_compared << " rows, at most " << most_rows
-              << " in a view; found " << nodes_found << " nodes\n";
+              << " in a view; found " << nodes_found << " nodes, selected " << selections << "\n";
     EXPECT_GT(most_rows, 8u);
     EXPECT_GT(nodes_found, 100u);
+    EXPECT_GT(selections, 30);
 }
 
 }  // namespace

@@ -24,7 +24,8 @@ struct ITreeNode : IUnknown {
     /// A second icon on the left of the main one; kept, null for none.
     virtual void set_state_icon(scene::IBitmap* icon) = 0;
     /// Appends a child, and keeps it. A child that has another place already is taken from there. Throws
-    /// `std::logic_error` for a node that this one is below of.
+    /// `std::logic_error` for a node that this one is below of, `com::error` when rows cannot be laid out:
+    /// the child has no place then.
     virtual void add_child(ITreeNode* child) = 0;
     /// Takes a child out, and out of the view. With the last one the node collapses. Does nothing for a node
     /// that is no child of this one.
@@ -39,8 +40,9 @@ struct ITreeNode : IUnknown {
     virtual bool is_selected() const = 0;
     /// Shows the node as if the mouse were over it: a target to drop something on, say.
     virtual void set_highlighted(bool highlighted) = 0;
-    /// A free node that shows icon and text, to be moved or floated while the entry is dragged. There is no
-    /// text in it while the entry is in no view.
+    /// A free node that shows icon and text, with a light shadow for dark grounds, to be moved or floated
+    /// while the entry is dragged: its upper left corner is the node's origin. There is no text in it while
+    /// the entry is in no view.
     virtual com::ptr<scene::INode> create_drag_image() = 0;
 
     /// A node without text, icons and children.

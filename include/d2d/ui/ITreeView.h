@@ -12,14 +12,15 @@ namespace d2d::ui {
 struct ITreeView : IControl {
     /// Shows a tree, null for none; the root is kept. Rows of the former root stay for as long as somebody
     /// holds its nodes: kept, take them out first with `ITreeNode::remove_child`, or release them. Throws
-    /// `std::logic_error` for a node that has a parent.
+    /// `std::logic_error` for a node that has a parent, `com::error` when rows cannot be laid out: the former
+    /// root stays then.
     virtual void set_root(ITreeNode* root) = 0;
     /// Borrowed, null for none: it has to stay until it is replaced or the view is gone.
     virtual void set_handler(tree_handler* handler) = 0;
     /// Selects a row, and tells the handler unless it is selected already. Throws `std::logic_error` "tree
     /// node must be in tree" for a node that is not in this view.
     virtual void select(ITreeNode* node) = 0;
-    /// The entry whose row shows at a point of the view's node, or null.
+    /// The entry whose row shows at a point in the space of the view's node, or null.
     virtual com::ptr<ITreeNode> node_at(D2D_POINT_2F point) = 0;
 
     /// A view without a root.
