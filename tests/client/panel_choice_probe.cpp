@@ -1,6 +1,7 @@
 // Tells which panels are on the scene in a process that has just started, for each way to show one.
 
 #include "d2d/factory.h"
+#include "d2d/scene/IFloatingUiService.h"
 #include "portable_forms.h"
 #include "ui/mossHarbour/IHwndPanel.h"
 #include "ui/mossHarbour/IModalService.h"
@@ -27,11 +28,9 @@ bool is_on_scene(const com::ptr<IHwndPanel>& panel) {
     return result;
 }
 
-/// Whether what `show(details)` shows, above a window of its own, is on the scene.
+/// Whether what `show(details)` shows is on the scene.
 template <class Details, class Show>
 bool shows_on_scene(Details details, Show show) {
-    const HWND owner =
-        CreateWindowExW(0, L"STATIC", L"owner", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
     bool result = false;
     details.on_created = [&] {
         const auto look = [](HWND window, LPARAM found) -> BOOL {
@@ -43,32 +42,62 @@ bool shows_on_scene(Details details, Show show) {
         throw seen_enough();
     };
     try {
-        show(owner, details);
+        show(details);
     } catch (const seen_enough&) {
     }
-    DestroyWindow(owner);
     return result;
+}
+
+void tell(const char* what, bool on_scene) {
+    std::printf("%s %s, ", what, on_scene ? "scene" : "native");
+}
+
+using dialog_details = IModalService::dialog_details;
+using popup_details = IModalService::popup_details;
+
+dialog_details dialog() {
+    return {client_test::blank(10, 10), {}, {}, L"probe", dialog_buttons::ok};
+}
+
+popup_details popup() {
+    return {client_test::blank(10, 10), {}, {}, {}, popup_side::below, popup_alignment::centres};
+}
+
+void tell_of_functions(HWND owner) {
+    tell("dialog", shows_on_scene(dialog(), [=](auto& shown) { showDialogHwnd(owner, shown); }));
+    tell("popup", shows_on_scene(popup(), [=](auto& shown) { showPopupHwnd(owner, shown); }));
+    for (const bool forced : {false, true}) {
+        tell(forced ? "forced dialog" : "unforced dialog",
+             shows_on_scene(dialog(), [=](auto& shown) { showDialogHwnd(owner, forced, shown); }));
+        tell(forced ? "forced popup" : "unforced popup",
+             shows_on_scene(popup(), [=](auto& shown) { showPopupHwnd(owner, forced, shown); }));
+    }
+    const auto floating_ui = d2d::scene::create_floating_ui_service(owner);
+    const auto node = d2d::scene::create_node();
+    tell("floating popup",
+         shows_on_scene(popup(), [&](auto& shown) { floating_ui->show_popup(node.get(), shown); }));
+}
+
+void tell_of_services(const com::ptr<IHwndPanel>& panel) {
+    panel->create_window(0, L"probe", WS_POPUP, nullptr);
+    const com::ptr<IModalService> service(panel.get());
+    tell("dialog", shows_on_scene(dialog(), [&](auto& shown) { service->showDialog(shown); }));
+    tell("popup", shows_on_scene(popup(), [&](auto& shown) { service->showPopup(shown); }));
+    panel->destroy_window();
 }
 
 }  // namespace
 
 int main() {
     const d2d::factory graphics;  // made once
-    const IModalService::dialog_details dialog{
-        client_test::blank(10, 10), {}, {}, L"probe", dialog_buttons::ok};
-    const IModalService::popup_details popup{client_test::blank(10, 10), {}, {}, {}, popup_side::below,
-                                             popup_alignment::centres};
-    const auto tell = [](const char* what, bool on_scene) {
-        std::printf("%s %s, ", what, on_scene ? "scene" : "native");
-    };
     tell("panel", is_on_scene(create_hwnd_panel(nullptr)));
-    tell("dialog", shows_on_scene(dialog, [](HWND owner, auto& shown) { showDialogHwnd(owner, shown); }));
-    tell("popup", shows_on_scene(popup, [](HWND owner, auto& shown) { showPopupHwnd(owner, shown); }));
-    for (const bool forced : {false, true}) {
-        tell(forced ? "forced dialog" : "unforced dialog",
-             shows_on_scene(dialog, [=](HWND owner, auto& shown) { showDialogHwnd(owner, forced, shown); }));
-        tell(forced ? "forced popup" : "unforced popup",
-             shows_on_scene(popup, [=](HWND owner, auto& shown) { showPopupHwnd(owner, forced, shown); }));
-    }
+    const HWND owner =
+        CreateWindowExW(0, L"STATIC", L"owner", WS_POPUP, 0, 0, 100, 100, nullptr, nullptr, nullptr, nullptr);
+    tell_of_functions(owner);
+    DestroyWindow(owner);
+    std::printf("of a native panel: ");
+    tell_of_services(create_win32_hwnd_panel(nullptr));
+    std::printf("of a scene panel: ");
+    tell_of_services(create_d2d_hwnd_panel(nullptr));
     return 0;
 }

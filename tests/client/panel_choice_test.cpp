@@ -15,10 +15,12 @@ class chosen_panels : public testing::Test {
 protected:
     static constexpr const char* native =
         "panel native, dialog native, popup native, unforced dialog native, unforced popup native, "
-        "forced dialog scene, forced popup scene, ";
+        "forced dialog scene, forced popup scene, floating popup native, "
+        "of a native panel: dialog native, popup native, of a scene panel: dialog scene, popup scene, ";
     static constexpr const char* scene =
         "panel scene, dialog scene, popup scene, unforced dialog scene, unforced popup scene, "
-        "forced dialog scene, forced popup scene, ";
+        "forced dialog scene, forced popup scene, floating popup scene, "
+        "of a native panel: dialog scene, popup scene, of a scene panel: dialog scene, popup scene, ";
 
     [[nodiscard]] static std::string probe() {
         return client_test::output_of_program(L"panel_choice_probe.exe");
