@@ -118,6 +118,8 @@ TEST_P(settings_dialogs, save_and_open_other_files) {
     press_horn();
     press(window, L"Save as...", {172, 214});
     choose_file(folder / L"K\u00fcste");
+    // It is written when the dialog has gone.
+    expect_soon([&] { return text_of(copy).find("\nwatch=") != std::string::npos; }, "a whole file");
     EXPECT_THAT(text_of(copy), HasSubstr("\nhorn=yes\n"));
     std::ofstream(copy, std::ios::binary) << "ship=Kalliope\nhorn=no\nunits=imperial\nwatch=dog watches\n";
     press(window, L"Open...", {101, 214});
