@@ -27,6 +27,8 @@ class random_popup : public fakes::popup_options_fixture {
 protected:
     using moved_function = scene::INode::drag_function;
 
+    struct handler_failure {};
+
     static constexpr D2D_RECT_F rects[] = {{10, 20, 70, 40}, {0, 0, 60, 33}, {20.5f, 10, 90, 28}};
     static constexpr D2D_POINT_2F far_off{97, 97};
 
@@ -129,7 +131,11 @@ protected:
             ++drags;
         }
         const D2D_POINT_2F point = point_in(row, one_in(2));
-        kept->on_mouse_event({event_type::button_down, pressed, 0, point, 0});
+        try {
+            kept->on_mouse_event({event_type::button_down, pressed, 0, point, 0});
+        } catch (const handler_failure&) {
+            ++failures;
+        }
     }
     void while_dragged(const moved_function& moved) {
         const int list = expected->lists;
@@ -180,6 +186,7 @@ protected:
             compare();
         }
         expected->close();
+        if (one_in(5)) throw handler_failure();
     }
     void set_handler() {
         expected->has_handler = !one_in(4);
@@ -297,6 +304,7 @@ protected:
     int nested = 0;
     int drags = 0;
     int changes = 0;
+    int failures = 0;
 };
 
 TEST_F(random_popup, use_is_as_in_the_model) {
@@ -310,9 +318,11 @@ TEST_F(random_popup, use_is_as_in_the_model) {
             ASSERT_FALSE(HasFailure()) << "round " << round << ", step " << step;
         }
     }
-    std::cout << "seed " << seed << ": " << drags << " drags, " << changes << " changes\n";
+    std::cout << "seed " << seed << ": " << drags << " drags, " << changes << " changes, " << failures
+              << " failures of handlers\n";
     EXPECT_GT(drags, 300);
     EXPECT_GT(changes, 100);
+    EXPECT_GT(failures, 10);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -231,6 +232,26 @@ TEST_F(tree_lifetime_test, a_failure_in_the_loop_of_a_press_leaves_the_row_as_it
     EXPECT_EQ("", told());
     press_at(on_a);
     EXPECT_EQ("selection_changed none a", told());
+}
+
+TEST_F(tree_lifetime_test, a_row_that_goes_under_the_mouse_comes_back_cold) {
+    const std::pair<action, action> ways[] = {
+        {[&] { r->set_expanded(false); }, [&] { r->set_expanded(true); }},
+        {[&] { r->remove_child(a.get()); }, [&] { r->add_child(a.get()); }},
+        {[&] { shown->set_root(nullptr); }, [&] { shown->set_root(r.get()); }},
+    };
+    for (const auto& [go, come_back] : ways) {
+        start_anew();
+        move_to(on_a);
+        EXPECT_TRUE(something_is_painted());
+        go();
+        move_to(beside);
+        come_back();
+        EXPECT_FALSE(something_is_painted());
+        move_to(on_a);
+        EXPECT_TRUE(something_is_painted());
+        move_to(beside);
+    }
 }
 
 // When the row under the mouse goes, the nodes around the view hear of it, and may change what they like.
