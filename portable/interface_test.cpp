@@ -8,6 +8,7 @@
 #include "portable/edit_control_impl.h"
 #include "portable/group_box_control_impl.h"
 #include "portable/label_control_impl.h"
+#include "portable/list_view_control_impl.h"
 #include "portable/option_control_impl.h"
 #include "portable/push_button_control_impl.h"
 #include "portable/radio_button_control_impl.h"
@@ -62,6 +63,7 @@ const named_interface all_interfaces[] = {
     {"IPushButtonControl", com::guid("4148BCF0-0AD7-467C-8DFD-7E8291934AD8")},
     {"IRadioButtonControl", com::guid("E658FED2-380C-4308-804A-110C346ECBBD")},
     {"IGroupBoxControl", com::guid("32CC5E7F-A648-4C82-BB73-05F21383F76F")},
+    {"IListViewControl", com::guid("B0C0AAC2-E3FA-4E5A-8408-2FAD887305E2")},
     {"label facade", com::guid("109BF4D8-2AA7-4EDE-A991-E5B6D8D847BD")},
     {"edit facade", com::guid("88CAA40F-3D05-4654-A545-8E6CAE08D35B")},
     {"option facade", com::guid("E0B4F956-348D-48B7-8730-972359C56BBB")},
@@ -69,13 +71,15 @@ const named_interface all_interfaces[] = {
     {"push button facade", com::guid("54967F47-2A94-4E9E-91DA-261BD29FEF67")},
     {"radio button facade", com::guid("88F2A083-C5D4-46DB-97FB-615E06E98757")},
     {"group box facade", com::guid("8E144BC4-2255-4DA5-8001-E572356B9F68")},
+    {"list view facade", com::guid("6EF5D34D-4A79-46CC-B788-3803D0A4812B")},
     {"label form", com::guid("5A4016D2-EEDF-4E1F-B485-C0D66BF92EBB")},
     {"edit form", com::guid("2EFD5373-B500-40CD-8902-9B95BA2046AF")},
     {"option form", com::guid("067F6A5D-40AA-4074-9BF4-340536C622B0")},
     {"check box form", com::guid("8709EDD4-F01C-4682-BA9F-E91A0F3FFDA3")},
     {"push button form", com::guid("9D23A256-5A7E-4A3A-8952-AED07A007E78")},
     {"radio button form", com::guid("08D35DCB-5CF0-4FD1-B40E-FB3BD5B9407F")},
-    {"group box form", com::guid("B6311CA9-E3CB-48E0-92AF-52A361B44F8D")}};
+    {"group box form", com::guid("B6311CA9-E3CB-48E0-92AF-52A361B44F8D")},
+    {"list view form", com::guid("A43B38B2-EA04-4853-8F47-D823CC1254B2")}};
 
 class interfaces : public test_support::leak_checked_test {
 protected:
@@ -112,6 +116,7 @@ TEST_F(interfaces, of_facades_are_the_clients_and_the_forms) {
     EXPECT_THAT(of(create_radio_button_control(true)),
                 facade_of("IRadioButtonControl", "radio button facade"));
     EXPECT_THAT(of(create_group_box_control()), facade_of("IGroupBoxControl", "group box facade"));
+    EXPECT_THAT(of(create_list_view_control()), facade_of("IListViewControl", "list view facade"));
 }
 
 TEST_F(interfaces, of_forms_on_the_scene_are_the_facades_and_the_contexts) {

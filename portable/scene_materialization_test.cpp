@@ -5,6 +5,7 @@
 #include "portable/edit_control_impl.h"
 #include "portable/group_box_control_impl.h"
 #include "portable/label_control_impl.h"
+#include "portable/list_view_control_impl.h"
 #include "portable/option_control_impl.h"
 #include "portable/push_button_control_impl.h"
 #include "portable/radio_button_control_impl.h"
@@ -44,8 +45,11 @@ TEST_F(scene_materialization, knows_six_kinds) {
         &typeid(push_button_control_impl::facade), &typeid(group_box_control_impl::facade)};
     ASSERT_EQ(added.size(), std::size(kinds));
     for (std::size_t i = 0; i < added.size(); ++i) EXPECT_TRUE(*added[i] == *kinds[i]) << i;
-    EXPECT_THAT([] { static_cast<void>(scene_widget_factories.make(typeid(option_control_impl::facade))); },
-                ThrowsMessage<std::runtime_error>(no_such_form));
+    for (const std::type_info* const other :
+         {&typeid(option_control_impl::facade), &typeid(list_view_control_impl::facade)}) {
+        EXPECT_THAT([other] { static_cast<void>(scene_widget_factories.make(*other)); },
+                    ThrowsMessage<std::runtime_error>(no_such_form));
+    }
 }
 
 TEST_F(scene_materialization, measures_no_text_for_its_controls) {

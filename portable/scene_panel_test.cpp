@@ -152,27 +152,6 @@ TEST_F(scene_panel, keeps_a_text_in_its_place_when_it_changes) {
     EXPECT_EQ(panel->get_node()->get_bounds(true).top, 50);
 }
 
-TEST_F(scene_panel, measures_a_group_box_around_its_content) {
-    const auto label = create_label_control();
-    const auto inner = create_stack_layout(orientation::vertical);
-    stack_item_details fixed;
-    fixed.min_width = fixed.max_width = fixed.preferred_width = 100;
-    fixed.min_height = fixed.max_height = fixed.preferred_height = 100;
-    inner->add_item(fixed, label);
-    const auto box = create_group_box_control();
-    box->set_padding(20, 20, 20, 20);
-    box->set_content(inner);
-    show(box);
-    label->set_text(L"text");
-    const auto measured = panel->measure();
-    EXPECT_EQ(measured.preferred_width, 144);
-    EXPECT_EQ(measured.preferred_height, 142);
-    EXPECT_EQ(panel->get_measured().min_width, 144);
-    panel->arrange(0, 0, 144, 142);
-    panel->set_content(nullptr);
-    box->set_padding(0, 0, 0, 0);  // description again
-}
-
 TEST_F(scene_panel, refuses_kinds_without_a_form_and_leaves_nothing_behind) {
     for (const com::ptr<IElement>& refused :
          {com::ptr<IElement>(create_option_control()), com::ptr<IElement>(create_list_view_control())}) {
