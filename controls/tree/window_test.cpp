@@ -164,6 +164,24 @@ TEST_F(tree_on_screen, a_click_selects_and_the_focus_shows) {
     EXPECT_TRUE(shows_at(system_color(COLOR_HIGHLIGHT), text_of(0, 0)));
 }
 
+TEST_F(tree_on_screen, keys_are_for_the_nodes_above) {
+    int keys = 0;
+    window->root_node()->set_key_handler([&](scene::INode*, int depth, input::key::event event) {
+        if (depth <= 0 || !event.down) return false;
+        ++keys;
+        if (event.key == VK_DOWN) tree->select(b.get());
+        return true;
+    });
+    click(handle(), text_of(1, 1));
+    constexpr WORD struck[] = {VK_DOWN, VK_RETURN, VK_SPACE, VK_LEFT};
+    for (const WORD key : struck) test_support::strike_key(key);
+    EXPECT_TRUE(shows_at(system_color(COLOR_HIGHLIGHT), text_of(2, 1)));
+    EXPECT_TRUE(becomes([&] { return keys == 4; }));
+    EXPECT_EQ("selection_changed none a, selection_changed a b", told());
+    EXPECT_TRUE(r->is_expanded());
+    window->root_node()->set_key_handler({});
+}
+
 TEST_F(tree_on_screen, a_click_beside_the_rows_gives_the_focus_alone) {
     tree->select(a.get());
     static_cast<void>(told());
