@@ -67,9 +67,10 @@ bool cell_edit_loop::open() {
 
 bool cell_edit_loop::close(bool commit) {
     const auto closed = editor;
+    const com::ptr<IPanel> shown_in = panel;  // the client may drop it in the calls
     if (commit && !closed->commit_edit()) return false;
     // Kept: the column is not told. Clients take the second number for the row as well.
-    if (list) description->fire_edit_finished(panel.get(), at.row, at.row, commit);
+    if (list) description->fire_edit_finished(panel, at.row, at.row, commit);
     if (list) closed->end_edit();
     editor.reset();
     return true;

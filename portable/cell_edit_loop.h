@@ -45,7 +45,7 @@ private:
 
     HWND list;  // null when abandoned
     const com::ptr<facade> description;
-    const com::ptr<IPanel> panel;
+    IPanel* const panel;  // lives while the list is there
     com::ptr<IHwndCellEditor> editor;
     cell at{};
 };

@@ -112,6 +112,7 @@ TEST_F(cell_editing, takes_what_is_typed_in_place_of_the_text) {
     });
     EXPECT_THAT(events, ElementsAre("asked 1.0", "took ne-w", "kept 1"));
     EXPECT_EQ(cell_text(1, 0), L"ne-w");
+    EXPECT_EQ(GetFocus(), window);
 }
 
 TEST_F(cell_editing, lets_escape_leave_the_text_alone) {

@@ -59,6 +59,7 @@ void text_editor::place_text(SIZE room) const {
 }
 
 void text_editor::end_edit() {
+    if (text_editor::has_focus()) SetFocus(GetParent(container));  // else nothing would get the keys
     const HWND shown = std::exchange(container, nullptr);
     edit = nullptr;
     if (shown) DestroyWindow(shown);

@@ -83,7 +83,7 @@ protected:
         const POINT point = point_in(row, column);
         ask(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
     }
-    void post_key(WORD key) const { PostMessageW(window, WM_KEYDOWN, key, 0); }
+    void post_key(int key) const { PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key), 0); }
     /// Runs `action` when the message that is posted here is dispatched.
     void post_action(std::function<void()> action) {
         button->set_on_click([action = std::move(action)](IPanel*) { action(); });
