@@ -34,11 +34,28 @@ public:
         const SIZE text = window_text_size(context, window);
         return field_metrics(least_field_size(context), text);
     }
+    void arrange(int left, int top, int right, int bottom) override {
+        RECT former{};
+        GetClientRect(window, &former);
+        hwnd_materialization_impl::arrange(left, top, right, bottom);
+        if (former.right == 0) scroll_to_start();
+    }
 
 protected:
     ~win32_materialization() = default;
 
 private:
+    /// A field that gets the focus when its panel is shown has it ahead of its size, and its text is selected
+    /// and scrolled away then.
+    void scroll_to_start() const {
+        DWORD from = 0;
+        DWORD to = 0;
+        SendMessageW(window, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+        SendMessageW(window, EM_SETSEL, 0, 0);
+        SendMessageW(window, EM_SCROLLCARET, 0, 0);
+        SendMessageW(window, EM_SETSEL, from, static_cast<LPARAM>(to));
+    }
+
     bool suppress_notification = false;
 };
 

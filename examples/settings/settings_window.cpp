@@ -55,13 +55,8 @@ void settings_window::show_window() {
     panel->set_padding(around, around, around, around);
     panel->measure();
     const SIZE size = panel->get_window_sizes().preferred;
-    const HWND window = panel->get_window_handle();
-    // Active only when it is shown and so arranged: a native field that got the focus ahead of its size would
-    // have scrolled its text away.
-    constexpr UINT inactive = SWP_NOZORDER | SWP_NOACTIVATE;
-    SetWindowPos(window, nullptr, 120, 120, size.cx, size.cy, inactive);
-    ShowWindow(window, SW_SHOWNA);
-    SetForegroundWindow(window);
+    SetWindowPos(panel->get_window_handle(), nullptr, 120, 120, size.cx, size.cy, SWP_NOZORDER);
+    ShowWindow(panel->get_window_handle(), SW_SHOW);
 }
 
 void settings_window::open() {

@@ -28,6 +28,12 @@ class dialog : public client_test::dialog_test {};
 INSTANTIATE_TEST_SUITE_P(forms, dialog, testing::ValuesIn(client_test::all_forms),
                          client_test::name_of<testing::TestParamInfo<form>>);
 
+/// Gives the focus to its first control.
+class dialog_with_focus : public client_test::dialog_test {};
+
+INSTANTIATE_TEST_SUITE_P(forms, dialog_with_focus, testing::Values(form::native),
+                         client_test::name_of<testing::TestParamInfo<form>>);
+
 struct buttons_case {
     int buttons;
     const wchar_t* first;  // null for none
@@ -152,6 +158,26 @@ TEST_P(dialog, takes_what_is_typed_and_gives_it_when_it_ends) {
         press(window, L"OK", L"Cancel");
     }));
     EXPECT_STREQ(text, L"MS M\u00fcggelsee");
+}
+
+TEST_P(dialog_with_focus, shows_the_text_of_its_field_from_the_start) {
+    const auto edit = create_edit_control();
+    auto details = plain(dialog_buttons::ok);
+    details.content = client_test::fixed(edit, body.cx, 20);
+    details.on_created = [&] { edit->set_text(L"MS M\u00fcggelsee"); };
+    show(details, [&](HWND window) {
+        const HWND field = child_window(window, L"EDIT", nullptr);
+        const auto first = static_cast<short>(LOWORD(SendMessageW(field, EM_POSFROMCHAR, 0, 0)));
+        const auto last = static_cast<short>(LOWORD(SendMessageW(field, EM_POSFROMCHAR, 10, 0)));
+        EXPECT_THAT(first, testing::AllOf(testing::Ge(0), testing::Lt(8)));
+        EXPECT_GT(last, 40);
+        DWORD from = 0;
+        DWORD to = 0;
+        SendMessageW(field, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+        EXPECT_EQ(from, 0u);
+        EXPECT_EQ(to, 12u);
+        PostMessageW(window, WM_CLOSE, 0, 0);
+    });
 }
 
 TEST_P(dialog, is_centred_on_the_window_that_its_owner_is_in) {
