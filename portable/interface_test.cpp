@@ -89,13 +89,13 @@ protected:
     /// The names of those that an object answers for, each with the object itself.
     template <class T>
     static std::vector<std::string> of(const com::ptr<T>& object) {
-        const com::ptr<IUnknown> identity(object.get());
+        const auto identity = object.template try_as<IUnknown>();
         std::vector<std::string> found;
         for (const auto& [name, id] : all_interfaces) {
             com::ptr<IUnknown> answer;
             if (FAILED(identity->QueryInterface(id, answer.put_void()))) continue;
             found.emplace_back(name);
-            EXPECT_TRUE(com::ptr<IUnknown>(answer.get()) == identity) << name;
+            EXPECT_TRUE(answer.try_as<IUnknown>() == identity) << name;
         }
         return found;
     }
