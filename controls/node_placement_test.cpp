@@ -44,5 +44,16 @@ TEST_F(node_placement_test, moves_an_origin_to_the_opposite_point) {
     EXPECT_TRUE(same_bytes(translation_matrix(12, 5), node->get_transform()));
 }
 
+TEST_F(node_placement_test, takes_a_node_out_of_its_parent_and_leaves_a_free_one) {
+    const auto parent = scene::create_node();
+    const auto node = scene::create_node();
+    parent->add_child(node);
+    detach_node(*node);
+    EXPECT_FALSE(node->get_parent());
+    detach_node(*node);
+    parent->add_child(node);
+    EXPECT_EQ(parent, node->get_parent());
+}
+
 }  // namespace
 }  // namespace d2d
