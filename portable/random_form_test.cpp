@@ -132,13 +132,22 @@ protected:
         };
         switch (below(6)) {
             case 0:
-                live([&] { used.box->set_checked(on), used.box_checked = on; });
+                live([&] {
+                    used.box->set_checked(on);
+                    used.box_checked = on;
+                });
                 break;
             case 1:
-                live([&] { used.radio->set_checked(on), used.radio_checked = on; });
+                live([&] {
+                    used.radio->set_checked(on);
+                    used.radio_checked = on;
+                });
                 break;
             case 2:
-                live([&] { used.edit->set_text(text.c_str()), used.text = text; });
+                live([&] {
+                    used.edit->set_text(text.c_str());
+                    used.text = text;
+                });
                 break;
             case 3:
                 live([&] { used.group->set_text(text.c_str()); });

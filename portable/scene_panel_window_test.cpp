@@ -120,6 +120,14 @@ std::vector<limit_case> limit_cases() {
 INSTANTIATE_TEST_SUITE_P(each, scene_panel_limits, testing::ValuesIn(limit_cases()),
                          [](const auto& of) { return std::string(of.param.name); });
 
+TEST_F(scene_panel_window, has_no_size_to_offer_ahead_of_the_first_measure) {
+    open();
+    const MINMAXINFO limits = limits_of(handle());
+    EXPECT_THAT(sides_of(limits.ptMinTrackSize), ElementsAre(0, 0));
+    EXPECT_THAT(sides_of(limits.ptMaxTrackSize), ElementsAre(0, 0));
+    EXPECT_THAT(sides_of(panel->get_window_sizes().preferred), ElementsAre(0, 0));
+}
+
 TEST_F(scene_panel_window, follows_its_styles_and_padding_at_the_next_measure) {
     open(WS_POPUP);
     panel->set_content(stacked(make_stub(plain)));

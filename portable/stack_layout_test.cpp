@@ -322,11 +322,14 @@ TEST_F(stack_layout, allocates_a_list_of_sizes_and_no_more) {
 }
 
 TEST(length, of_another_mark_is_plain_pixels) {
-    for (const int plain : {0, 16, -1, -3, 0xffffff, 0x02000064, 0x7f000064, static_cast<int>(0x81000064)}) {
+    for (const int plain :
+         {0, 16, -1, -3, 0xffffff, 0x2000000, 0x02000064, 0x7f000064, static_cast<int>(0x81000064)}) {
         EXPECT_EQ(decode_length(plain), plain);
     }
     EXPECT_EQ(decode_length(0x1000064), font_height);
     EXPECT_EQ(decode_length(0x1000000), 0);
+    EXPECT_EQ(decode_length(0x1ffffff),
+              static_cast<int>(16777215.0f * static_cast<float>(font_height) / 100.0f));
 }
 
 }  // namespace
