@@ -120,11 +120,11 @@ bool showDialogHwnd(HWND owner, bool force_scene, IModalService::dialog_details 
     panel->measure();
     const HWND root = GetAncestor(owner, GA_ROOT);
     show_centred(*panel, root);
-    EnableWindow(root, FALSE);
     const win32::scope_exit closed([&] {
         EnableWindow(root, TRUE);
         ShowWindow(panel->get_window_handle(), SW_HIDE);
     });
+    EnableWindow(root, FALSE);
     run_loop(*panel, reached, details.on_result);
     return reached.result;
 }

@@ -2,6 +2,7 @@
 
 #include "dialog_test.h"
 #include "onlooker.h"
+#include "support/resource_counts.h"
 #include "ui/mossHarbour/IEditControl.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
 #include "ui/mossHarbour/element_metrics.h"
@@ -178,6 +179,27 @@ TEST_P(dialog_with_focus, shows_the_text_of_its_field_from_the_start) {
         EXPECT_EQ(to, 12u);
         PostMessageW(window, WM_CLOSE, 0, 0);
     });
+}
+
+TEST_P(dialog_with_focus, is_served_by_keys_and_has_no_button_for_escape) {
+    const auto escape_and = [this](std::initializer_list<WORD> keys) {
+        return [this, keys](HWND window) {
+            test_support::click(window, {2, 2});
+            test_support::strike_key(VK_ESCAPE);
+            SendMessageW(window, WM_NULL, 0, 0);  // back when the loop has run
+            EXPECT_TRUE(IsWindowVisible(window));
+            for (const WORD key : keys) test_support::strike_key(key);
+        };
+    };
+    EXPECT_TRUE(show(plain(dialog_buttons::ok_cancel), escape_and({VK_SPACE})));
+    EXPECT_FALSE(show(plain(dialog_buttons::ok_cancel), escape_and({VK_TAB, VK_SPACE})));
+    EXPECT_TRUE(show(plain(dialog_buttons::yes_no), escape_and({VK_TAB, VK_TAB, VK_SPACE})));
+}
+
+TEST_P(dialog, leaves_no_resources_behind) {
+    auto details = plain(dialog_buttons::yes_no);
+    details.on_created = [] { PostQuitMessage(0); };
+    test_support::expect_no_growth([&] { EXPECT_FALSE(show(owner->handle(), details)); });
 }
 
 TEST_P(dialog, is_centred_on_the_window_that_its_owner_is_in) {
