@@ -147,6 +147,7 @@ std::vector<int> win32_materialization::columns_at_places() const {
 void win32_materialization::set_column_order(std::vector<int> places) {
     auto columns = inverse(places);
     send(LVM_SETCOLUMNORDERARRAY, static_cast<int>(columns.size()), columns.data());
+    InvalidateRect(window, nullptr, TRUE);  // the system moves the headers alone
 }
 
 std::vector<int> win32_materialization::get_column_widths() {

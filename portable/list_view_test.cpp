@@ -93,6 +93,26 @@ TEST_F(list_view, tells_at_which_place_each_column_stands) {
     EXPECT_THAT((std::vector{caption(0), caption(1), caption(2)}), ElementsAre(L"a", L"b", L"c"));
 }
 
+TEST_F(list_view, shows_its_rows_anew_when_columns_change_places) {
+    stack_item_details large;
+    large.min_width = 200;
+    large.min_height = large.max_height = 150;
+    show_list(large);
+    add_columns({L"a", L"b"}, 70);
+    for (int i = 0; i < 3; ++i) add_row({L"x", L"y"});
+    present();
+    UpdateWindow(window);
+    ASSERT_FALSE(GetUpdateRect(window, nullptr, FALSE));
+    list->set_column_order({1, 0});
+    RECT stale{};
+    GetUpdateRect(window, &stale, FALSE);
+    for (const int row : {0, 1, 2}) {
+        const RECT area = label_area(row, 0);
+        EXPECT_TRUE(PtInRect(&stale, {area.left, area.top})) << row;
+        EXPECT_TRUE(PtInRect(&stale, {area.right - 1, area.bottom - 1})) << row;
+    }
+}
+
 TEST_F(list_view, refuses_places_that_are_not_there) {
     add_columns({L"a", L"b", L"c"});
     EXPECT_THROW(list->set_column_order({0, 1, 3}), std::out_of_range);
