@@ -4,11 +4,6 @@
 
 namespace ui::mossHarbour {
 
-struct grid_layout_item {
-    com::ptr<IElement> element;
-    grid_item_details details;
-};
-
 class grid_layout_facade
     : public layout_facade<grid_layout_facade, grid_layout_item, grid_layout_impl, IGridLayout> {
 public:

@@ -2,12 +2,19 @@
 
 #include "portable/grid_tracks.h"
 #include "portable/layout_impl.h"
+#include "ui/mossHarbour/IElement.h"
 #include "ui/mossHarbour/grid_item_details.h"
 
 namespace ui::mossHarbour {
 
+/// An item of a grid as the client gave it.
+struct grid_layout_item {
+    com::ptr<IElement> element;
+    grid_item_details details;
+};
+
 /// A grid as it stands on the screen.
-class grid_layout_impl : public layout_impl<grid_layout_impl, grid_item_details> {
+class grid_layout_impl : public layout_impl<grid_layout_impl, grid_layout_item> {
 protected:
     ~grid_layout_impl() = default;
 

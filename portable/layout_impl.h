@@ -10,13 +10,14 @@
 
 namespace ui::mossHarbour {
 
-/// An item of a layout as it stands on the screen. `Details` is what the client gave with it.
-template <class Details>
+/// An item of a layout as it stands on the screen. `Item` is what the layout's facade holds of it: `element`
+/// and `details`, of which the latter go on to here.
+template <class Item>
 struct live_item {
     com::ptr<IMaterializedElement> element;
     both_axes<axis_metrics> wanted{};  // by the latest `measure`
     both_axes<axis_span> given{};      // by the latest `arrange`
-    Details details;
+    decltype(Item::details) details;
 
     void arrange() const {
         const auto& [x, y] = given;
@@ -25,10 +26,10 @@ struct live_item {
 };
 
 /// A layout as it stands on the screen. What `measure` finds holds until the next one.
-template <class Derived, class Details>
+template <class Derived, class Item>
 class layout_impl : public com::base_object<com::object_base, IMaterializedElement> {
 public:
-    using item = live_item<Details>;
+    using item = live_item<Item>;
 
     // IMaterializedElement
     element_metrics measure(measure_context& context) override {
@@ -40,7 +41,7 @@ public:
         for (const auto& at : items) at.arrange();
     }
 
-    void add(const Details& details, com::ptr<IMaterializedElement> element) {
+    void add(const decltype(Item::details)& details, com::ptr<IMaterializedElement> element) {
         items.push_back({std::move(element), {}, {}, details});
     }
     void clear() noexcept { items.clear(); }

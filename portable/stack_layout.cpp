@@ -4,11 +4,6 @@
 
 namespace ui::mossHarbour {
 
-struct stack_layout_item {
-    com::ptr<IElement> element;
-    stack_item_details details;
-};
-
 class stack_layout_facade
     : public layout_facade<stack_layout_facade, stack_layout_item, stack_layout_impl, IStackLayout> {
 public:

@@ -1,14 +1,21 @@
 #pragma once
 
 #include "portable/layout_impl.h"
+#include "ui/mossHarbour/IElement.h"
 #include "ui/mossHarbour/orientation.h"
 #include "ui/mossHarbour/stack_item_details.h"
 
 namespace ui::mossHarbour {
 
+/// An item of a stack as the client gave it.
+struct stack_layout_item {
+    com::ptr<IElement> element;
+    stack_item_details details;
+};
+
 /// A stack as it stands on the screen. The same in both directions: `along` is the axis that the items follow
 /// each other on, `across` the other one.
-class stack_layout_impl : public layout_impl<stack_layout_impl, stack_item_details> {
+class stack_layout_impl : public layout_impl<stack_layout_impl, stack_layout_item> {
 public:
     explicit stack_layout_impl(orientation direction) noexcept
         : along(direction == orientation::vertical ? axis::vertical : axis::horizontal),
