@@ -52,11 +52,16 @@ void gallery_fixture::open_page(std::string_view golden, POINT button) {
     change(golden, page, navigation, [&] { test_support::click(window, button); });
 }
 
-void gallery_fixture::expect_changed(std::string_view golden, const picture& before, RECT card, RECT last) {
-    const awaited_golden expected(file_of(golden), fonts_of_a_card);
-    eye.look_until_like([&] {
+bool gallery_fixture::comes_to_show(const awaited_golden& expected, const picture& before, RECT card,
+                                    std::chrono::seconds patience) {
+    const auto like = [&] {
         return eye.shown() == before ? likeness::none : expected.likeness_of(part(eye.shown(), card));
-    });
+    };
+    return eye.look_until_like(like, patience);
+}
+
+void gallery_fixture::expect_changed(const awaited_golden& expected, const picture& before, RECT card,
+                                     RECT last) const {
     const picture& shown = eye.shown();
     ASSERT_EQ(before.width, shown.width);
     ASSERT_EQ(before.height, shown.height);
@@ -66,16 +71,26 @@ void gallery_fixture::expect_changed(std::string_view golden, const picture& bef
     EXPECT_EQ(0u, differences_outside(before, shown, {card, last}));
 }
 
+void gallery_fixture::change(std::string_view golden, RECT card, RECT last,
+                             const std::function<void()>& action) {
+    SCOPED_TRACE(golden);
+    const awaited_golden expected(file_of(golden), fonts_of_a_card);
+    const picture before = eye.shown();
+    action();
+    static_cast<void>(comes_to_show(expected, before, card, std::chrono::seconds(10)));
+    expect_changed(expected, before, card, last);
+}
+
 // A window that has just come up may report where the pointer was: that puts the mouse back under Wine.
 void gallery_fixture::hover(std::string_view golden, RECT card, POINT there, RECT last) {
-    constexpr int attempts = 3;
-    const auto changes = [&] { return test_support::grab_client_area(window) != eye.shown(); };
-    change(golden, card, last, [&] {
-        for (int i = 0; i < attempts; ++i) {
-            test_support::move_mouse(window, there);
-            if (test_support::pump_until(changes, std::chrono::seconds(2))) return;
-        }
-    });
+    SCOPED_TRACE(golden);
+    const awaited_golden expected(file_of(golden), fonts_of_a_card);
+    const picture before = eye.shown();
+    for (int attempts = 3; attempts > 0; --attempts) {
+        test_support::move_mouse(window, there);
+        if (comes_to_show(expected, before, card, std::chrono::seconds(4))) break;
+    }
+    expect_changed(expected, before, card, last);
 }
 
 void gallery_fixture::press(std::string_view golden, RECT card, POINT button, RECT last) {

@@ -6,8 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <functional>
 #include <string_view>
-#include <utility>
 
 namespace client_test {
 
@@ -40,17 +41,9 @@ protected:
 
     /// Does something that changes `card`, and compares that. Nothing else changes, except in `last`, where
     /// the focus has been.
-    template <class Action>
-    void change(std::string_view golden, RECT card, RECT last, Action&& action) {
-        SCOPED_TRACE(golden);
-        const test_support::picture before = eye.shown();
-        std::forward<Action>(action)();
-        expect_changed(golden, before, card, last);
-    }
-
-    template <class Action>
-    void change(std::string_view golden, RECT card, Action&& action) {
-        change(golden, card, {}, std::forward<Action>(action));
+    void change(std::string_view golden, RECT card, RECT last, const std::function<void()>& action);
+    void change(std::string_view golden, RECT card, const std::function<void()>& action) {
+        change(golden, card, {}, action);
     }
 
     /// The same of the mouse that goes somewhere.
@@ -68,7 +61,10 @@ protected:
     onlooker eye{window};
 
 private:
-    void expect_changed(std::string_view golden, const test_support::picture& before, RECT card, RECT last);
+    bool comes_to_show(const awaited_golden& expected, const test_support::picture& before, RECT card,
+                       std::chrono::seconds patience);
+    void expect_changed(const awaited_golden& expected, const test_support::picture& before, RECT card,
+                        RECT last) const;
 };
 
 }  // namespace client_test

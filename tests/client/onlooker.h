@@ -50,14 +50,13 @@ public:
     bool look();
 
     /// Looks until `like()` calls what shows exact, or nothing better is to be expected: it has been close
-    /// for a second, or nothing changes any more. `like` is asked once for each picture. Returns whether what
-    /// shows is close at least.
+    /// for a second, or nothing has changed for `longest_rest`. `like` is asked once for each picture.
+    /// Returns whether what shows is close at least.
     template <class Condition>
-    bool look_until_like(Condition&& like) {
+    bool look_until_like(Condition&& like, std::chrono::seconds longest_rest = std::chrono::seconds(10)) {
         using std::chrono::steady_clock;
         constexpr auto settling = std::chrono::seconds(1);
-        constexpr auto longest_rest = std::chrono::seconds(10);  // from one change to the next
-        constexpr auto limit = std::chrono::seconds(30);         // a caret that blinks never rests
+        constexpr auto limit = std::chrono::seconds(30);  // a caret that blinks never rests
         constexpr steady_clock::duration shortest_pause = std::chrono::milliseconds(20);
         const auto start = steady_clock::now();
         auto changed = start;
