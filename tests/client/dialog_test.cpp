@@ -47,25 +47,25 @@ TEST_P(dialog, has_the_buttons_that_were_asked_for_and_their_results) {
         {0, L"OK", nullptr, "dialogs/ok"},       {1, L"OK", L"Cancel", "dialogs/ok_cancel"},
         {2, nullptr, L"Close", "dialogs/close"}, {3, L"Yes", L"No", "dialogs/yes_no"},
         {4, L"OK", nullptr, "dialogs/ok"},       {-1, L"OK", nullptr, "dialogs/ok"}};
-    for (const auto& [number, first, second, golden] : cases) {
-        SCOPED_TRACE(number);
-        const auto details = plain(static_cast<dialog_buttons>(number));
+    for (const buttons_case& each : cases) {
+        SCOPED_TRACE(each.buttons);
+        const auto details = plain(static_cast<dialog_buttons>(each.buttons));
         const auto look = [&](HWND window) {
             if (GetParam() == form::native) return;    // whose buttons are found by their texts
             test_support::move_mouse(window, {2, 2});  // off all buttons
             constexpr test_support::tolerance fonts{.channel = 24, .pixels = 60};
-            EXPECT_TRUE(client_test::onlooker(window).shows_golden(golden, fonts));
+            EXPECT_TRUE(client_test::onlooker(window).shows_golden(each.golden, fonts));
         };
-        if (first) {
+        if (each.first) {
             EXPECT_TRUE(show(details, [&](HWND window) {
                 look(window);
-                press(window, first, second);
+                press(window, each.first, each.second);
             }));
         }
-        if (second) {
+        if (each.second) {
             EXPECT_FALSE(show(details, [&](HWND window) {
-                if (!first) look(window);
-                press(window, second);
+                if (!each.first) look(window);
+                press(window, each.second);
             }));
         }
     }
@@ -77,15 +77,16 @@ TEST_P(dialog, is_closed_by_its_frame_without_a_result) {
         UINT message;
         WPARAM parameter;
     } ways[] = {{WM_SYSCOMMAND, SC_CLOSE}, {WM_CLOSE, 0}};
-    for (const auto& [message, parameter] : ways) {
-        SCOPED_TRACE(message);
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.message);
         std::vector<bool> asked;
         auto details = plain(dialog_buttons::ok_cancel);
         details.on_result = [&](bool result) {
             asked.push_back(result);
             return true;
         };
-        EXPECT_FALSE(show(details, [&](HWND window) { PostMessageW(window, message, parameter, 0); }));
+        EXPECT_FALSE(
+            show(details, [&](HWND window) { PostMessageW(window, way.message, way.parameter, 0); }));
         EXPECT_THAT(asked, ElementsAre(false));
     }
 }
@@ -182,8 +183,8 @@ TEST_P(dialog_with_focus, shows_the_text_of_its_field_from_the_start) {
 }
 
 TEST_P(dialog_with_focus, is_served_by_keys_and_has_no_button_for_escape) {
-    const auto escape_and = [this](std::initializer_list<WORD> keys) {
-        return [this, keys](HWND window) {
+    const auto escape_and = [](const std::vector<WORD>& keys) {
+        return [keys](HWND window) {
             test_support::click(window, {2, 2});
             test_support::strike_key(VK_ESCAPE);
             SendMessageW(window, WM_NULL, 0, 0);  // back when the loop has run
