@@ -182,6 +182,11 @@ TEST_F(gallery_example, fits_lists_trees_and_text_into_every_size) {
     expect_shown("lists_smallest_below");
     strike_key(VK_END);
     expect_shown("lists_smallest_end");
+    // The column of the pages' buttons scrolls by itself.
+    change("navigation_scrolled", {navigation.left, navigation.top, navigation.right, 333}, [&] {
+        move_mouse(window, {10, 200});
+        for (int i = 0; i < 3; ++i) test_support::turn_wheel(-1);
+    });
 }
 
 }  // namespace
