@@ -67,7 +67,7 @@ struct IListViewControl : IWidget {
     /// Called for a click of the right button with the row, -1 beside the rows.
     virtual void set_on_row_right_click(std::function<void(IPanel*, int row)> handler) = 0;
     /// Called for a click on a column's header. Without a handler the click sorts the rows by that column's
-    /// texts, ignoring case.
+    /// texts, ignoring case; rows with the same data all count as the first of them.
     virtual void set_on_column_click(std::function<void(IPanel*, int column)> handler) = 0;
     /// Called for a double click with the row, -1 beside the rows.
     virtual void set_on_row_double_click(std::function<void(IPanel*, int row)> handler) = 0;
