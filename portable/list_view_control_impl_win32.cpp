@@ -49,7 +49,7 @@ class win32_materialization
 public:
     [[nodiscard]] static window_kind kind() noexcept {
         const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_LISTVIEW_CLASSES};
-        InitCommonControlsEx(&classes);
+        InitCommonControlsEx(&classes);  // until then there is no such class
         constexpr DWORD style =
             WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS;
         return {WC_LISTVIEWW, style, WS_EX_CLIENTEDGE};
