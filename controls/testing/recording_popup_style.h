@@ -3,6 +3,8 @@
 #include "controls/testing/recording_style.h"
 #include "d2d/ui/IPopupOptionsStyle.h"
 
+#include <gtest/gtest.h>
+
 namespace d2d::fakes {
 
 /// A style of popup options, which fills what it draws:
