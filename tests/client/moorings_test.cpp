@@ -111,6 +111,7 @@ TEST_F(moorings_example, takes_a_text_that_is_being_edited_when_a_button_is_clic
 TEST_F(moorings_example, ends_within_an_edit) {
     select_second_row();
     click(list, {ship_column, second_row});
+    ASSERT_TRUE(child_window(list, L"Edit", nullptr));  // what is posted goes ahead of input
     PostMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(program.exit_code(), 0u);
 }
