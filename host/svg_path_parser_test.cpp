@@ -333,7 +333,7 @@ TEST_F(svg_path_at_random, means_what_a_plain_reading_says) {
         ++outcomes[static_cast<std::size_t>(svg_path_model(text, transform).result)];
         ASSERT_EQ("", compare_with_model(text, transform));
     }
-    for (const int times : outcomes) EXPECT_GT(times, count / 200);
+    for (const int times : outcomes) EXPECT_GT(times, count / 1000);
     EXPECT_GT(outcomes[static_cast<std::size_t>(svg_path_model::outcome::bad)], count / 10);
 }
 
