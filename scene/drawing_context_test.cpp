@@ -1,4 +1,5 @@
 #include "com/error.h"
+#include "controls/testing/refused_layout_operation.h"
 #include "scene/testing/fake_geometry.h"
 #include "scene/testing/scene_test.h"
 
@@ -314,6 +315,65 @@ TEST_F(drawing_context_operations, a_device_object_that_cannot_be_made_adds_noth
     EXPECT_EQ(0u, geometry.references());
     context->commit();
     EXPECT_EQ(0, inside(root).content_flags & node::has_content);
+}
+
+TEST_F(drawing_context_operations, text_that_cannot_be_measured_adds_nothing) {
+    using refusal_to_measure = d2d::fakes::refused_layout_operation<d2d::fakes::get_metrics>;
+    const auto context = root->draw(false);
+    {
+        const refusal_to_measure refused(layout.get());
+        EXPECT_EQ(refusal_to_measure::failure, failure_of([&] {
+                      context->draw_text_layout(5, 5, layout.get(), brush.get(), D2D1_DRAW_TEXT_OPTIONS_NONE);
+                  }));
+    }
+    context->commit();
+    EXPECT_EQ(0, inside(root).content_flags & node::has_content);
+}
+
+TEST_F(drawing_context_operations, each_kind_of_command_can_make_the_recording_animated) {
+    fake_geometry geometry({0, 0, 10, 10});
+    for (const bool animated : {false, true}) {
+        const auto used = com::create_object<test_brush>(red, "used", animated);
+        const auto visual = make_visual("a", {0, 0, 1, 1});
+        visual->animated = animated;
+        const std::pair<const char*, std::function<void(IDrawingContext&)>> kinds[] = {
+            {"fill", [&](auto& at) { at.fill_geometry(&geometry, used.get()); }},
+            {"stroke", [&](auto& at) { at.draw_geometry(&geometry, used.get(), 1, nullptr); }},
+            {"text",
+             [&](auto& at) {
+                 at.draw_text_layout(0, 0, layout.get(), used.get(), D2D1_DRAW_TEXT_OPTIONS_NONE);
+             }},
+            {"visual", [&](auto& at) { at.draw_visual(visual.get()); }},
+        };
+        for (const auto& [kind, draw] : kinds) {
+            SCOPED_TRACE(kind);
+            const auto context = root->draw(false);
+            draw(*context);
+            fill(*context, {0, 0, 10, 10});  // which is still
+            context->commit();
+            EXPECT_EQ(animated, (inside(root).content_flags & node::content_animated) != 0);
+        }
+    }
+    root->clear();
+}
+
+TEST_F(drawing_context_operations, what_is_recorded_while_it_is_shown_is_bound_by_its_commit) {
+    show();
+    const auto rectangle = factory::create_rectangle_geometry({0, 0, 1, 1});
+    const auto bitmap = com::create_object<test_bitmap>(D2D_SIZE_U{4, 4}, 0u);
+    target.name(layout.get(), "moss");
+    const auto context = root->draw(false);
+    context->fill_geometry(rectangle.get(), make_brush(red).get());
+    context->draw_text_layout(4, 8, layout.get(), make_brush(blue).get(), D2D1_DRAW_TEXT_OPTIONS_NONE);
+    context->foreground();
+    context->draw_bitmap(10, 20, bitmap.get());
+    context->draw_geometry(rectangle.get(), make_brush(green).get(), 1, nullptr);
+    context->commit();
+    EXPECT_EQ(
+        (lines{"SetTransform 1 0 0 1 0 0", "FillGeometry rectangle(0 0 1 1) brush(1 0 0 1)",
+               "DrawTextLayout 4 8 moss brush(0 0 1 1) 0", "DrawBitmap bitmap(4 4) 10 20 14 24 1 1 0 0 4 4",
+               "DrawGeometry rectangle(0 0 1 1) brush(0 1 0 1) 1 null"}),
+        painted());
 }
 
 TEST_F(drawing_context_operations, device_objects_are_made_while_recording_only_where_there_is_a_target) {

@@ -167,5 +167,39 @@ TEST_F(node_damage, child_is_bound_before_it_is_invalidated) {
     EXPECT_EQ((lines{"invalidate_rect 1000 0 1001 1", "unbind a"}), calls());
 }
 
+TEST_F(node_damage, has_its_place_among_bindings_bounds_and_the_mouse) {
+    const auto child = create_node();
+    const auto context = child->draw(false);
+    const auto brush = make_brush(red);
+    const auto visual = make_visual("a", {0, 0, 1, 1});
+    context->fill_geometry(geometry({0, 0, 1, 1}), brush.get());
+    context->draw_visual(visual.get());
+    context->commit();
+    child->set_transform(translation_matrix(100, 0));
+    root->add_bounds_handler([this](bool valid, D2D_RECT_F bounds) {
+        site.calls.push_back(fakes::call_text("bounds", valid, bounds));
+    });
+    child->add_mouse_handler([this](INode*, int, input::mouse::event event) {
+        site.calls.push_back(fakes::call_text("mouse", event.type));
+        return false;
+    });
+    static_cast<void>(calls());
+    root->add_child(child);
+    EXPECT_EQ((lines{"bounds 1 0 0 101 40", "bind a", "invalidate_rect 1100 0 1101 1"}), calls());
+    child->set_transform(translation_matrix(200, 0));
+    EXPECT_EQ(
+        (lines{"invalidate_rect 1100 0 1101 1", "bounds 1 0 0 201 40", "invalidate_rect 1200 0 1201 1"}),
+        calls());
+    edge->on_mouse_event({input::mouse::event_type::move, std::nullopt, 0, {1200.5f, 0.5f}, 0});
+    static_cast<void>(calls());
+    root->remove_child(child);
+    EXPECT_EQ((lines{"invalidate_rect 1200 0 1201 1", "unbind a", "bounds 1 0 0 40 40", "mouse 2"}), calls())
+        << "the mouse leaves when the tree is whole again";
+    root->add_child(child);
+    static_cast<void>(calls());
+    child->clear();
+    EXPECT_EQ((lines{"invalidate_rect 1200 0 1201 1", "unbind a", "bounds 1 0 0 40 40"}), calls());
+}
+
 }  // namespace
 }  // namespace d2d::scene

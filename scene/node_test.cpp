@@ -134,6 +134,17 @@ TEST_F(node_test, clip_geometry_may_be_set_in_a_view) {
     EXPECT_EQ(lines{}, calls()) << "nothing is painted by it";
 }
 
+TEST_F(node_test, same_hit_mode_again_asks_the_clip_geometry_nothing) {
+    const auto shape = geometry({1, 2, 3, 4});
+    root->set_clip_geometry(shape);
+    shape->bounds = {0, 0, 9, 9};
+    EXPECT_EQ(1, root->set_hit_mode(1));
+    EXPECT_TRUE(same({1, 2, 3, 4}, inside(root).hit_bounds));
+    root->set_hit_mode(2);
+    root->set_hit_mode(1);
+    EXPECT_TRUE(same({0, 0, 9, 9}, inside(root).hit_bounds)) << "another mode does ask";
+}
+
 TEST_F(node_test, failure_to_tell_the_bounds_of_a_clip_geometry_passes_on) {
     const auto shape = geometry({1, 2, 3, 4});
     shape->result = E_FAIL;

@@ -51,6 +51,35 @@ TEST_F(view_clock, need_of_the_clock_is_kept_without_a_target_and_told_to_the_ne
     EXPECT_EQ(lines{}, calls()) << "nothing is animated any more";
 }
 
+TEST_F(view_clock, starts_when_all_is_bound_and_stops_ahead_of_its_release) {
+    const auto visual = make_visual("a", {0, 0, 1, 1});
+    visual->animated = true;
+    const auto context = root->draw(false);
+    context->draw_visual(visual.get());
+    context->commit();
+    view->set_root(root);
+    static_cast<void>(calls());
+    edge->attach_render_target(&target);
+    EXPECT_EQ((lines{"bind a", clock_on}), calls());
+    edge->detach_render_target(&target);
+    EXPECT_EQ((lines{clock_off, "unbind a"}), calls());
+}
+
+TEST_F(view_clock, runs_on_from_one_animated_root_to_the_next_and_stops_with_the_last) {
+    record(root, {0, 0, 1, 1}, true);
+    const auto next = create_node();
+    record(next, {0, 0, 2, 2}, true);
+    show();
+    view->set_root(next);
+    EXPECT_EQ((lines{"invalidate_rect 0 0 1 1", "invalidate_rect 0 0 2 2"}), calls());
+    view->set_root(nullptr);
+    EXPECT_EQ((lines{"invalidate_rect 0 0 2 2", clock_off}), calls());
+    view->set_root(next);
+    EXPECT_EQ((lines{clock_on, "invalidate_rect 0 0 2 2"}), calls());
+    view->set_root(filled({0, 0, 3, 3}));
+    EXPECT_EQ((lines{"invalidate_rect 0 0 2 2", "invalidate_rect 0 0 3 3", clock_off}), calls());
+}
+
 TEST_F(view_clock, transform_animations_are_counted_in_chains) {
     // root > a > b > c; and d, which comes and goes
     const auto a = empty_below(root);

@@ -196,6 +196,19 @@ TEST_F(view_test, destructor_lets_go_in_a_fixed_order) {
     EXPECT_EQ((lines{"focus", "hover target", "root", "hover path"}), deaths);
 }
 
+TEST_F(view_test, answers_to_its_interfaces_with_one_identity) {
+    const com::ptr<IResourceBindingContext> context(view);
+    const com::ptr<IServiceProvider> services(view);
+    for (IUnknown* face : {static_cast<IUnknown*>(view.get()), static_cast<IUnknown*>(edge.get()),
+                           static_cast<IUnknown*>(context.get()), static_cast<IUnknown*>(services.get())}) {
+        com::ptr<IUnknown> identity;
+        EXPECT_EQ(S_OK, face->QueryInterface(com::guid_of<IUnknown>(), identity.put_void()));
+        EXPECT_EQ(static_cast<IUnknown*>(view.get()), identity.get());
+        EXPECT_EQ(view, com::ptr<IView>(face));
+        EXPECT_EQ(edge, com::ptr<IViewLowerEdge>(face));
+    }
+}
+
 TEST_F(view_test, services_are_forwarded_to_the_host) {
     constexpr GUID service = com::guid("0F1C7C5B-3A7E-4C39-8E0F-6C5D1B2A9E84");
     site.offer(service, root.get());
