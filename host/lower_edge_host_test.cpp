@@ -185,6 +185,16 @@ TEST_F(host_clock, is_reported_busy_once_and_idle_once) {
     EXPECT_THAT(timer.take_calls(), IsEmpty());
 }
 
+TEST_F(host_clock, reports_to_the_client_that_it_was_given_last) {
+    show();
+    EXPECT_EQ(S_OK, timer.handler->ClearTimerClientEventHandler());
+    edge.site->set_animation_clock(0.0, 0.05);
+    EXPECT_THAT(timer.take_calls(), ElementsAre("threshold 20"));
+    EXPECT_EQ(S_OK, timer.handler->SetTimerClientEventHandler(&timer));
+    edge.site->set_animation_clock(0.0, 0.0);
+    EXPECT_THAT(timer.take_calls(), ElementsAre("status idle from busy"));
+}
+
 TEST_F(host_clock, takes_the_next_whole_rate_for_an_interval) {
     show();
     const std::pair<double, const char*> cases[] = {

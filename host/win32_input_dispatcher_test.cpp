@@ -107,6 +107,11 @@ TEST_F(input_dispatcher, a_key_carries_the_modifiers) {
         send(WM_KEYDOWN, VK_LEFT, 1);
         EXPECT_THAT(edge.take_calls(), ElementsAre("key 37 down 1 repeat 0 modifiers 0"));
     }
+    std::array<BYTE, 256> all{};
+    all[VK_MENU] = all[VK_SHIFT] = all[VK_CONTROL] = 0x80;
+    SetKeyboardState(all.data());
+    send(WM_KEYUP, VK_LEFT, static_cast<LPARAM>(0xC0000001u));
+    EXPECT_THAT(edge.take_calls(), ElementsAre("key 37 down 0 repeat 1 modifiers 7"));
     std::array<BYTE, 256> none{};
     SetKeyboardState(none.data());
 }
@@ -255,8 +260,14 @@ TEST_F(input_dispatcher, a_press_elsewhere_does_not_end_hovering) {
     send(WM_TIMER, 2);
     edge.calls.clear();
     send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(50, 60));
-    EXPECT_THAT(edge.calls, ElementsAre("mouse 3 button 0 flags 1 at 50.5 60.5 delta 0"));
+    EXPECT_THAT(edge.take_calls(), ElementsAre("mouse 3 button 0 flags 1 at 50.5 60.5 delta 0"));
     EXPECT_TRUE(input.hovering);
+    send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(50, 60));  // the mouse is known to be there
+    EXPECT_THAT(edge.take_calls(), ElementsAre("mouse 1 flags 1 at 50.5 60.5 delta 0"));
+    EXPECT_TRUE(input.hovering);
+    send(WM_MOUSELEAVE);
+    EXPECT_THAT(edge.calls,
+                ElementsAre("mouse 9 flags 1 at 50.5 60.5 delta 0", "mouse 2 flags 1 at 50.5 60.5 delta 0"));
 }
 
 TEST_F(input_dispatcher, leaving_stops_the_timer_and_the_next_message_enters_again) {
@@ -267,6 +278,7 @@ TEST_F(input_dispatcher, leaving_stops_the_timer_and_the_next_message_enters_aga
     EXPECT_FALSE(input.tracking);
     send(WM_MOUSEMOVE, 0, MAKELPARAM(5, 6));
     EXPECT_THAT(edge.take_calls(), ElementsAre("mouse 0 flags 0 at 5.5 6.5 delta 0"));
+    EXPECT_FALSE(hover_timer_runs());  // it entered where it was
 }
 
 TEST_F(input_dispatcher, leaving_ends_hovering_first) {
