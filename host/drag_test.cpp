@@ -69,6 +69,11 @@ TEST_F(modal_drag, a_press_that_leaves_its_room_is_a_drag) {
     }
 }
 
+TEST_F(modal_drag, a_release_outside_the_room_ends_a_press_all_the_same) {
+    post_mouse(WM_LBUTTONUP, 51 + room_x, 41 + room_y);
+    EXPECT_FALSE(detect());
+}
+
 TEST_F(modal_drag, the_room_lies_around_the_origin_of_the_scene) {
     host->set_origin({10, 20});
     post_mouse(WM_MOUSEMOVE, 60, 60);
@@ -110,6 +115,15 @@ TEST_F(modal_drag, escape_going_up_ends_a_press) {
     EXPECT_THAT(edge.calls, testing::Not(testing::Contains(testing::StartsWith("key"))));
 }
 
+// The window is sent what is no input, and lets the mouse go when it is told to cancel its mode.
+TEST_F(modal_drag, losing_the_capture_ends_a_press) {
+    post(WM_CANCELMODE);
+    post_mouse(WM_MOUSEMOVE, 100, 90);
+    EXPECT_FALSE(detect());
+    MSG next{};
+    EXPECT_TRUE(PeekMessageW(&next, window->get(), WM_MOUSEMOVE, WM_MOUSEMOVE, PM_REMOVE));
+}
+
 TEST_F(modal_drag, the_end_of_the_program_ends_a_press_and_is_gone) {
     PostQuitMessage(3);
     EXPECT_FALSE(detect());
@@ -134,6 +148,18 @@ TEST_F(modal_drag, movements_are_mapped_behind_the_origin) {
     post_mouse(WM_RBUTTONUP, 61, 60);
     EXPECT_TRUE(loop(button::right, {{{2, 0, 0, 2, -1, 1}}}));
     EXPECT_THAT(moves, ElementsAre("102 82"));
+}
+
+// Kept: a wheel tells of its place on the screen, and the drag jumps there and back.
+TEST_F(modal_drag, a_wheel_counts_as_a_movement_to_its_place_on_the_screen) {
+    post(WM_MOUSEWHEEL, MAKEWPARAM(0, 120), MAKELPARAM(500, 400));
+    EXPECT_TRUE(detect());
+    post(WM_MOUSEWHEEL, MAKEWPARAM(0, 120), MAKELPARAM(500, 400));
+    post(WM_MOUSEHWHEEL, MAKEWPARAM(0, 120), MAKELPARAM(300, 200));
+    post_mouse(WM_MOUSEMOVE, 53, 40);
+    post_mouse(WM_LBUTTONUP, 53, 40);
+    EXPECT_TRUE(loop());
+    EXPECT_THAT(moves, ElementsAre("500.5 400.5", "300.5 200.5", "53.5 40.5"));
 }
 
 TEST_F(modal_drag, escape_going_up_cancels_a_drag) {
@@ -164,6 +190,16 @@ TEST_F(modal_drag, losing_the_capture_cancels_a_drag) {
     EXPECT_FALSE(result);
     EXPECT_EQ(other, GetCapture());
     ReleaseCapture();
+    MSG rest{};
+    EXPECT_TRUE(PeekMessageW(&rest, window->get(), WM_MOUSEMOVE, WM_MOUSEMOVE, PM_REMOVE));
+}
+
+TEST_F(modal_drag, a_message_that_lets_the_mouse_go_cancels_a_drag) {
+    post_mouse(WM_MOUSEMOVE, 53, 40);
+    post(WM_CANCELMODE);
+    post_mouse(WM_MOUSEMOVE, 54, 40);
+    EXPECT_FALSE(loop());
+    EXPECT_THAT(moves, ElementsAre("53.5 40.5"));
     MSG rest{};
     EXPECT_TRUE(PeekMessageW(&rest, window->get(), WM_MOUSEMOVE, WM_MOUSEMOVE, PM_REMOVE));
 }
