@@ -2,6 +2,7 @@
 
 #include "host/graphics.h"
 #include "host/testing/patched_end_draw.h"
+#include "host/testing/patched_swap_chains.h"
 #include "scene/testing/call_text.h"
 #include "support/input.h"
 #include "support/leak_checked_test.h"
@@ -136,6 +137,51 @@ TEST_F(d2d_window, paints_what_is_invalid_clipped_and_with_its_target) {
     paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("render 10 20 30 40"));
     EXPECT_FALSE(shared_context_has_target());
+    shown.destroy_window();
+}
+
+TEST_F(d2d_window, has_a_swap_chain_of_two_buffers_and_presents_what_it_painted) {
+    const fakes::patched_swap_chains chains(graphics::dxgi_factory);
+    recording_d2d_window shown;
+    open(shown);
+    show(shown);
+    auto calls = chains.take_calls();
+    ASSERT_FALSE(calls.empty());
+    EXPECT_EQ("make 0 0 format 87 stereo 0 samples 1 0 usage 32 buffers 2 scaling 1 effect 3 alpha 0 flags 0",
+              calls.front());
+    const RECT part{10, 20, 30, 40};
+    InvalidateRect(shown.get_window_handle(), &part, FALSE);
+    paint(shown);
+    EXPECT_THAT(chains.take_calls(), ElementsAre("present 0 0 dirty 10 20 30 40"));
+    shown.on_render = [](ID2D1RenderTarget*) { throw std::runtime_error("no paint today"); };
+    InvalidateRect(shown.get_window_handle(), &part, FALSE);
+    EXPECT_THROW(paint(shown), std::runtime_error);
+    EXPECT_THAT(chains.take_calls(), ElementsAre("present 0 0 dirty 10 20 30 40"));
+    shown.destroy_window();
+}
+
+TEST_F(d2d_window, draws_on_a_bitmap_whose_units_are_pixels) {
+    recording_d2d_window shown;
+    open(shown);
+    show(shown);
+    shown.on_render = [](ID2D1RenderTarget*) {
+        com::ptr<ID2D1Image> image;
+        graphics::d2d_context->GetTarget(image.put());
+        com::ptr<ID2D1Bitmap1> bitmap;
+        ASSERT_EQ(S_OK, image->QueryInterface(com::guid_of<ID2D1Bitmap1>(), bitmap.put_void()));
+        const D2D1_PIXEL_FORMAT format = bitmap->GetPixelFormat();
+        EXPECT_EQ(DXGI_FORMAT_B8G8R8A8_UNORM, format.format);
+        EXPECT_EQ(D2D1_ALPHA_MODE_IGNORE, format.alphaMode);
+        float dpi_x = 0, dpi_y = 0;
+        bitmap->GetDpi(&dpi_x, &dpi_y);
+        EXPECT_EQ(96.0f, dpi_x);
+        EXPECT_EQ(96.0f, dpi_y);
+        EXPECT_EQ("200 100", call_text(bitmap->GetPixelSize()));
+        EXPECT_EQ(D2D1_BITMAP_OPTIONS_TARGET | D2D1_BITMAP_OPTIONS_CANNOT_DRAW, bitmap->GetOptions());
+    };
+    InvalidateRect(shown.get_window_handle(), nullptr, FALSE);
+    paint(shown);
+    EXPECT_THAT(shown.take_calls(), ElementsAre("render 0 0 200 100"));
     shown.destroy_window();
 }
 
