@@ -27,12 +27,12 @@ protected:
     static void open_framed(win32_scene_window& opened) {
         opened.create_window(0, L"scene", WS_OVERLAPPEDWINDOW, 100, 110, 300, 200, nullptr, nullptr);
     }
-    static void store(const void* bytes, DWORD size) {
+    static void store(const void* bytes, DWORD size, DWORD type = REG_BINARY) {
         HKEY made = nullptr;
         ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExW(HKEY_CURRENT_USER, key, 0, nullptr, 0, GENERIC_WRITE,
                                                  nullptr, &made, nullptr));
         EXPECT_EQ(ERROR_SUCCESS,
-                  RegSetValueExW(made, L"main", 0, REG_BINARY, static_cast<const BYTE*>(bytes), size));
+                  RegSetValueExW(made, L"main", 0, type, static_cast<const BYTE*>(bytes), size));
         RegCloseKey(made);
     }
     static RECT place_of(const win32_scene_window& asked) {
@@ -76,6 +76,23 @@ TEST_F(stored_position, is_none_where_nothing_was_stored) {
     EXPECT_EQ(std::nullopt, opened.load_position(key, L"main"));
     const RECT after = place_of(opened);
     EXPECT_TRUE(EqualRect(&before, &after));
+    opened.destroy_window();
+}
+
+TEST_F(stored_position, may_be_stored_as_any_type) {
+    win32_scene_window opened;
+    open_framed(opened);
+    WINDOWPLACEMENT elsewhere{};
+    elsewhere.length = sizeof elsewhere;
+    GetWindowPlacement(opened.get_window_handle(), &elsewhere);
+    OffsetRect(&elsewhere.rcNormalPosition, 70, 30);
+    elsewhere.showCmd = SW_SHOWMINIMIZED;
+    store(&elsewhere, sizeof elsewhere, REG_NONE);
+    EXPECT_EQ(std::optional<unsigned>(SW_SHOWMINIMIZED), opened.load_position(key, L"main"));
+    const RECT after = place_of(opened);
+    EXPECT_EQ(170, after.left);
+    EXPECT_EQ(140, after.top);
+    EXPECT_FALSE(IsIconic(opened.get_window_handle()));
     opened.destroy_window();
 }
 
