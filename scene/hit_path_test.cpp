@@ -71,6 +71,21 @@ TEST_F(hit_test, points_are_mapped_into_each_nodes_space) {
     EXPECT_EQ("root -2 3, turned 3 2", hit(-2, 3));
 }
 
+TEST_F(hit_test, way_of_thirty_two_levels_is_found_whole) {
+    com::ptr<INode> deepest = root;
+    for (int level = 1; level < 32; ++level) {
+        deepest = empty_below(deepest);
+        deepest->set_transform(translation_matrix(1, 2));
+    }
+    record(deepest, {0, 0, 10, 10});
+    const hit_path path = hit_path::from_root(inside(root), {36, 67});
+    ASSERT_EQ(32u, path.size());
+    EXPECT_EQ("36 67", call_text(path[0].point));
+    EXPECT_EQ("20 35", call_text(path[16].point));
+    EXPECT_EQ("5 5", call_text(path.back().point));
+    EXPECT_EQ(&inside(deepest), path.back().at);
+}
+
 TEST_F(hit_test, right_and_bottom_edges_of_the_area_are_outside) {
     record(root, {0, 0, 10, 10});
     struct {

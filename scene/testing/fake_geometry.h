@@ -7,7 +7,7 @@
 namespace d2d::scene::fakes {
 
 /// A geometry that has what a test says: bounds, or a failure to tell them. Its area is empty, or all of its
-/// bounds; its stroke is empty.
+/// bounds; its stroke is empty, or all of its widened bounds.
 ///
 /// Stands on the stack of a test: it is not destroyed by its count, and has to outlive whoever uses it.
 class fake_geometry final : public ID2D1Geometry {
@@ -18,8 +18,9 @@ public:
 
     D2D_RECT_F bounds;
     D2D_RECT_F widened_bounds;
-    bool filled = false;  ///< whether it contains the points inside its bounds
-    /// What `GetBounds` and `GetWidenedBounds` answer; a failure leaves the rectangle unwritten.
+    bool filled = false;   ///< whether it contains the points inside its bounds
+    bool stroked = false;  ///< whether its stroke contains the points inside its widened bounds
+    /// What it answers when it is asked for bounds or for a point; a failure leaves the bounds unwritten.
     HRESULT result = S_OK;
 
     /// References on this geometry.
@@ -59,18 +60,21 @@ public:
         if (result >= 0) *out = widened_bounds;
         return result;
     }
-    HRESULT STDMETHODCALLTYPE StrokeContainsPoint(D2D1_POINT_2F, FLOAT, ID2D1StrokeStyle*,
-                                                  const D2D1_MATRIX_3X2_F*, FLOAT,
+    HRESULT STDMETHODCALLTYPE StrokeContainsPoint(D2D1_POINT_2F point, FLOAT width, ID2D1StrokeStyle* style,
+                                                  const D2D1_MATRIX_3X2_F* matrix, FLOAT tolerance,
                                                   BOOL* contains) const override {
-        *contains = FALSE;
-        return S_OK;
+        got_matrix = matrix != nullptr;
+        got_width = width;
+        got_style = style;
+        got_tolerance = tolerance;
+        *contains = stroked && within(widened_bounds, point);
+        return result;
     }
     HRESULT STDMETHODCALLTYPE FillContainsPoint(D2D1_POINT_2F point, const D2D1_MATRIX_3X2_F* matrix,
                                                 FLOAT tolerance, BOOL* contains) const override {
         got_matrix = matrix != nullptr;
         got_tolerance = tolerance;
-        *contains = filled && bounds.left <= point.x && point.x <= bounds.right && bounds.top <= point.y &&
-                    point.y <= bounds.bottom;
+        *contains = filled && within(bounds, point);
         return result;
     }
     HRESULT STDMETHODCALLTYPE CompareWithGeometry(ID2D1Geometry*, const D2D1_MATRIX_3X2_F*, FLOAT,
@@ -109,6 +113,10 @@ public:
     }
 
 private:
+    static bool within(const D2D_RECT_F& area, D2D1_POINT_2F point) noexcept {
+        return area.left <= point.x && point.x <= area.right && area.top <= point.y && point.y <= area.bottom;
+    }
+
     ULONG reference_count = 0;
 };
 

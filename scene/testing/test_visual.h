@@ -22,6 +22,8 @@ public:
     bool animated = false;
     /// Runs inside `render`.
     std::function<void(ID2D1RenderTarget*)> on_render;
+    /// What `hit_test` answers; without it no point is hit.
+    std::function<bool(float x, float y, float tolerance)> on_hit_test;
     /// What `attach` and `detach` were given, in order.
     std::vector<ISite*> sites;
     /// The context that `bind` was given last.
@@ -42,7 +44,9 @@ public:
         write("render");
         if (on_render) on_render(target);
     }
-    bool hit_test(float, float, float) override { return false; }
+    bool hit_test(float x, float y, float tolerance) override {
+        return on_hit_test && on_hit_test(x, y, tolerance);
+    }
     void animate(double time) override { write("animate", time); }
     void bind(IResourceBindingContext* given) override {
         context = given;
