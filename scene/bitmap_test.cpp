@@ -147,6 +147,32 @@ TEST(bitmap_without_graphics, an_icon_keeps_the_imaging_factory_while_it_lives) 
     EXPECT_EQ(nullptr, imaging_hold::wic_factory());
 }
 
+TEST(bitmap_without_graphics, conversions_have_the_imaging_factory_while_they_run) {
+    const auto icon = make_icon(1, 1, {0xFFFFFFFF});
+    // What is made lives in the platform's library, which goes with the last apartment.
+    struct apartment {
+        apartment() { com::check(CoInitialize(nullptr)); }
+        apartment(const apartment&) = delete;
+        ~apartment() { CoUninitialize(); }
+    } const own_apartment;
+    ASSERT_EQ(nullptr, imaging_hold::wic_factory());
+    EXPECT_TRUE(wic::create_bitmap_source_from_icon(icon.get()));
+    EXPECT_EQ(nullptr, imaging_hold::wic_factory());
+    EXPECT_THROW(static_cast<void>(wic::create_bitmap_source_from_icon(nullptr)), com::error);
+    EXPECT_EQ(nullptr, imaging_hold::wic_factory());
+}
+
+TEST_F(bitmap_test, an_icon_that_is_gone_fails_when_a_target_wants_it) {
+    auto icon = make_icon(2, 2, {1, 2, 3, 4});
+    const auto bitmap = IBitmap::create(icon.get());
+    icon.reset();
+    EXPECT_EQ(2u, bitmap->get_size().width);
+    recording_render_target target;
+    const com::ptr<resource<ID2D1Bitmap>> gone(bitmap);
+    EXPECT_THROW(static_cast<void>(gone->create(&target)), com::error);
+    EXPECT_EQ(lines{}, target.calls());
+}
+
 template <std::size_t Size>
 std::array<std::uint8_t, Size> bytes_of(IWICBitmapSource* source, UINT stride) {
     std::array<std::uint8_t, Size> bytes{};

@@ -1,9 +1,12 @@
 #include "scene/solid_color_brush.h"
+#include "scene/testing/recording_render_target.h"
 #include "support/leak_checked_test.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
+#include <vector>
 
 namespace d2d::scene {
 namespace {
@@ -122,6 +125,49 @@ TEST_F(color_animation_test, animated_brushes_are_not_shared) {
     // A plain brush of the colour that an animated one starts with is another one, and stays when that goes.
     const auto plain = create_solid_color_brush(red);
     EXPECT_NE(first.get(), plain.get());
+}
+
+/// Nothing but the time, as red; keeps the times that it was asked for.
+class time_as_red : public com::base_object<com::object_base, color_value_animation> {
+public:
+    std::vector<double> asked;
+
+    bool is_stepped() override { return false; }
+    double next_update(double) override { return 0.05; }
+    color get_value(double time) override {
+        asked.push_back(time);
+        return {static_cast<float>(time) + 0.25f, 0, 0, 1};
+    }
+
+protected:
+    ~time_as_red() = default;
+};
+
+TEST_F(color_animation_test, an_animated_brush_starts_with_the_colour_of_time_zero_and_follows_the_frame) {
+    using lines = std::vector<std::string>;
+    fakes::recording_render_target target;
+    const auto animation = com::create_object<time_as_red>();
+    {
+        const auto brush = create_animation_solid_color_brush(animation.get());
+        EXPECT_EQ(std::vector<double>{0.0}, animation->asked);
+        const auto& inside = static_cast<solid_color_brush&>(*com::ptr<solid_color_brush_resource>(brush));
+        const auto device_brush = inside.create_device_object(&target);
+        EXPECT_EQ(lines{"CreateSolidColorBrush 0.25 0 0 1"}, target.take_calls());
+        EXPECT_EQ(std::vector<double>{0.0}, animation->asked) << "the making of a device object asks nothing";
+        inside.update_device_object(device_brush.get(), 2.5);
+        EXPECT_EQ(lines{"SetColor 2.75 0 0 1"}, target.take_calls());
+        EXPECT_EQ((std::vector<double>{0.0, 2.5}), animation->asked);
+    }
+    EXPECT_EQ(0, target.live_brushes());
+}
+
+TEST_F(color_animation_test, a_brush_of_one_colour_leaves_its_device_object_alone) {
+    fakes::recording_render_target target;
+    const auto brush = solid_color_brush::shared(red);
+    const auto device_brush = brush->create_device_object(&target);
+    static_cast<void>(target.take_calls());
+    brush->update_device_object(device_brush.get(), 2.5);
+    EXPECT_EQ(std::vector<std::string>{}, target.take_calls());
 }
 
 TEST_F(color_animation_test, an_animated_brush_that_goes_leaves_the_shared_one_of_its_colour_alone) {
