@@ -1,12 +1,14 @@
 #include "d2d/factory.h"
 
 #include "com/error.h"
+#include "d2d/window.h"
 #include "host/graphics.h"
 #include "host/imaging.h"
 
 #include <cfloat>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <type_traits>
 
 #include <gtest/gtest.h>
@@ -33,6 +35,8 @@ TEST(factory_token, the_first_makes_the_graphics_objects_and_the_last_releases_t
         EXPECT_NE(D3D_FEATURE_LEVEL{}, graphics::d3d_feature_level);
         EXPECT_EQ(graphics::d2d_factory, factory::d2d1());
         EXPECT_EQ(graphics::dwrite_factory, factory::dwrite());
+        EXPECT_EQ(factory::d2d1(), d2d::window::d2d1_factory());
+        EXPECT_EQ(factory::dwrite(), d2d::window::dwrite_factory());
         EXPECT_NE(nullptr, imaging_hold::wic_factory());
     }
     EXPECT_EQ(0u, graphics::users());
@@ -42,6 +46,17 @@ TEST(factory_token, the_first_makes_the_graphics_objects_and_the_last_releases_t
     EXPECT_EQ(nullptr, graphics::d2d_context);
     EXPECT_EQ(D3D_FEATURE_LEVEL{}, graphics::d3d_feature_level);
     EXPECT_EQ(nullptr, imaging_hold::wic_factory());
+}
+
+TEST(factory_token, the_last_leaves_stale_what_the_next_first_one_overwrites) {
+    std::optional<factory> token(std::in_place);
+    ID3D11Device* const device = graphics::d3d_device;
+    ID3D11DeviceContext* const context = graphics::d3d_context;
+    IDXGIFactory2* const dxgi = graphics::dxgi_factory;
+    token.reset();
+    EXPECT_EQ(device, graphics::d3d_device);
+    EXPECT_EQ(context, graphics::d3d_context);
+    EXPECT_EQ(dxgi, graphics::dxgi_factory);
 }
 
 TEST(factory_token, another_keeps_the_same_objects_alive) {
@@ -161,6 +176,40 @@ TEST_F(text_layout, dimensions_below_zero_are_the_platforms_to_judge) {
     } else {
         const auto layout = factory::create_text_layout(L"a", format.get(), -1.0f, 10.0f);
         EXPECT_EQ(direct->GetMaxWidth(), layout->GetMaxWidth());
+    }
+}
+
+TEST_F(text_layout, a_dimension_that_is_no_number_is_the_platforms_to_judge) {
+    constexpr float none = std::numeric_limits<float>::quiet_NaN();
+    com::ptr<IDWriteTextLayout> direct;
+    const HRESULT expected =
+        factory::dwrite()->CreateTextLayout(L"a", 1, format.get(), none, 10.0f, direct.put());
+    if (expected < 0) {
+        EXPECT_THROW(static_cast<void>(factory::create_text_layout(L"a", format.get(), none, 10.0f)),
+                     com::error);
+    } else {
+        const auto layout = factory::create_text_layout(L"a", format.get(), none, 10.0f);
+        EXPECT_TRUE(std::isnan(layout->GetMaxWidth())) << "not measured, as for zero";
+        EXPECT_EQ(10.0f, layout->GetMaxHeight());
+    }
+}
+
+TEST_F(text_layout, utf8_is_laid_out_in_as_many_units_as_were_counted) {
+    const struct {
+        std::string_view text;
+        UINT32 units;
+    } cases[] = {
+        {"A\xF0\x9F\x98\x80", 3},
+        {"\xED\xA0\x80", 1},              // half a surrogate pair
+        {"\xF4\x90\x80\x80z", 3},         // beyond the last code point: one unit more than there is text
+        {std::string_view("\0a", 2), 2},  // a zero does not end it
+    };
+    for (const auto& each : cases) {
+        const auto layout = factory::create_text_layout(each.text, format.get(), 0, 0);
+        DWRITE_LINE_METRICS line{};
+        UINT32 lines = 0;
+        ASSERT_EQ(S_OK, layout->GetLineMetrics(&line, 1, &lines)) << each.text;
+        EXPECT_EQ(each.units, line.length) << each.text;
     }
 }
 

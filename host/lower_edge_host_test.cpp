@@ -7,6 +7,7 @@
 
 #include <limits>
 #include <stdexcept>
+#include <thread>
 
 #include <gmock/gmock.h>
 
@@ -280,6 +281,22 @@ TEST_F(host_services, deferred_calls_come_with_the_messages_of_the_window) {
     ASSERT_TRUE(PeekMessageW(&posted, window->get(), WM_USER, WM_USER, PM_REMOVE));
     EXPECT_EQ(0, send(posted.message, posted.wParam, posted.lParam));
     EXPECT_EQ(1, called);
+}
+
+TEST_F(host_services, calls_deferred_on_another_thread_run_on_that_of_the_window) {
+    const com::ptr<scene::IDeferredExecutionService> deferred(host);
+    show();
+    attach_window();
+    DWORD ran_on = 0;
+    std::thread([&] {
+        deferred->defer_execution(&ran_on,
+                                  [](void* data) { *static_cast<DWORD*>(data) = GetCurrentThreadId(); });
+    }).join();
+    EXPECT_EQ(0u, ran_on);
+    MSG posted{};
+    ASSERT_TRUE(PeekMessageW(&posted, window->get(), WM_USER, WM_USER, PM_REMOVE));
+    EXPECT_EQ(0, send(posted.message, posted.wParam, posted.lParam));
+    EXPECT_EQ(GetCurrentThreadId(), ran_on);
 }
 
 TEST_F(host_services, an_installed_service_is_found_until_it_is_taken_back) {
