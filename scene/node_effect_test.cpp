@@ -114,6 +114,17 @@ TEST_F(node_effect, is_bound_as_its_node_comes_and_goes) {
     EXPECT_EQ((lines{"materialize a", "invalidate_rect 10 20 40 60"}), site.take_calls());
 }
 
+TEST_F(node_effect, goes_as_its_node_is_cleared) {
+    show();
+    child->set_effect(a.get());
+    forget();
+    child->clear();
+    EXPECT_EQ((lines{"invalidate_rect 10 20 40 60", "dematerialize a"}), site.take_calls());
+    fill(child, {0, 0, 5, 5}, blue);
+    EXPECT_EQ((lines{"SetTransform 1 0 0 1 0 0", "FillGeometry rectangle(0 0 5 5) brush(0 0 1 1)"}),
+              painted());
+}
+
 TEST_F(node_effect, is_shared_by_the_nodes_of_a_view) {
     show();
     child->set_effect(a.get());

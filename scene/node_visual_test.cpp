@@ -132,6 +132,17 @@ TEST_F(node_visual, a_child_with_visuals_binds_them_as_it_comes_and_goes) {
     EXPECT_EQ((lines{"invalidate_rect 0 0 10 10", "unbind b", "unbind a"}), site.take_calls());
 }
 
+TEST_F(node_visual, a_node_that_is_cleared_or_dies_lets_its_visuals_go_without_a_word) {
+    for (const bool clears : {true, false}) {
+        auto short_lived = create_node();
+        record(short_lived, "a|b");
+        forget();
+        if (clears) short_lived->clear();
+        short_lived.reset();
+        EXPECT_EQ(lines{}, site.take_calls());
+    }
+}
+
 /// Kept: visuals of clients compare it, and ignore it otherwise.
 TEST_F(node_visual, the_site_is_the_first_node_that_ever_committed) {
     const auto other = create_node();

@@ -324,6 +324,20 @@ TEST_F(view_test, removal_of_the_focus_tells_its_own_handler_alone) {
     EXPECT_FALSE(leaf->has_focus(false)) << "the focus does not come back with it";
 }
 
+TEST_F(view_test, removal_of_the_focus_is_told_though_the_window_is_without_the_keyboard) {
+    const auto child = empty_below(root);
+    show();
+    child->set_focus();
+    log_focus(child, "child");
+    static_cast<void>(calls());
+    root->remove_child(child);
+    EXPECT_EQ((lines{"invalidate_rect 0 0 0 0", "child 1 0"}), calls());
+    root->add_child(child);
+    static_cast<void>(calls());
+    edge->on_focus_gained();
+    EXPECT_EQ(lines{}, calls()) << "nobody is left to be told";
+}
+
 TEST_F(view_test, focus_goes_without_a_target_too) {
     const auto child = empty_below(root);
     view->set_root(root);
