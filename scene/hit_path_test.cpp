@@ -122,6 +122,23 @@ TEST_F(hit_test, foreground_covers_the_children_and_background_does_not) {
     EXPECT_EQ("root 5 5, child 5 5", hit(5, 5));
 }
 
+TEST_F(hit_test, foreground_of_a_solid_node_covers_its_children_too) {
+    root->set_hit_mode(2);
+    record_in_front(root, {0, 0, 10, 10});
+    named("child", filled({0, 0, 20, 20}, root));
+    EXPECT_EQ("root 5 5", hit(5, 5));
+    EXPECT_EQ("root 15 15, child 15 15", hit(15, 15));
+}
+
+TEST_F(hit_test, children_come_ahead_of_the_clip_geometry_and_behind_the_foreground) {
+    root->set_clip_geometry(geometry({0, 0, 30, 30}));
+    record_in_front(root, {0, 0, 10, 10});
+    named("child", filled({0, 0, 20, 20}, root));
+    EXPECT_EQ("root 5 5", hit(5, 5));
+    EXPECT_EQ("root 15 15, child 15 15", hit(15, 15));
+    EXPECT_EQ("root 25 25", hit(25, 25));
+}
+
 TEST_F(hit_test, active_clip_hides_what_lies_outside_it) {
     record(root, {0, 0, 100, 100});
     const auto child = named("child", filled({0, 0, 50, 50}, root));
@@ -199,6 +216,18 @@ TEST_F(hit_test, enumeration_starts_at_the_children_in_the_nodes_own_space) {
     EXPECT_EQ(lines{"grandchild 5 5"}, std::exchange(seen, {}));
     EXPECT_FALSE(root->enumerate_hits({95, 95}, true, note(true)));
     EXPECT_EQ(lines{}, seen);
+}
+
+TEST_F(hit_test, enumeration_goes_on_with_nodes_that_its_function_takes_away) {
+    named("grandchild", filled({0, 0, 10, 10}, named("child", filled({0, 0, 20, 20}, root))));
+    lines seen;
+    root->enumerate_hits({5, 5}, false, [&](const com::ptr<INode>& at, D2D_POINT_2F point) {
+        if (seen.empty()) root->clear();
+        seen.push_back(call_text(names.at(&inside(at)), point));
+        return false;
+    });
+    EXPECT_EQ((lines{"child 5 5", "grandchild 5 5"}), seen);
+    EXPECT_TRUE(inside(root).children.empty());
 }
 
 TEST_F(hit_test, kept_path_keeps_its_nodes_alive) {
