@@ -1,9 +1,12 @@
 #include "controls/default_style.h"
+
+#include "com/error.h"
 #include "controls/testing/fake_label.h"
 #include "controls/testing/named_settings.h"
 #include "controls/testing/recording_context.h"
 #include "controls/testing/style_test.h"
 #include "d2d/factory.h"
+#include "host/testing/table_entry.h"
 #include "scene/testing/fake_geometry.h"
 
 #include <gtest/gtest.h>
@@ -360,6 +363,65 @@ TEST_F(default_style_drawing, fails_without_a_color) {
     });
     expect_unrecognized("idle.outline", [&] { as<ui::IGroupBoxStyle>().draw(on(), rect, {}); });
     as<ui::IScrollAreaStyle>().draw_separators(on(), rect, {});
+}
+
+/// Lets one of the operations of Direct2D that make geometries refuse to, while this lives. `Arguments` are
+/// those of the operation, and `slot` its place, fixed by the interface.
+template <class... Arguments>
+class refusing_factory {
+public:
+    explicit refusing_factory(int slot) : entry(factory::d2d1(), slot), original(entry.exchange(refuse)) {}
+    refusing_factory(const refusing_factory&) = delete;
+    refusing_factory& operator=(const refusing_factory&) = delete;
+    ~refusing_factory() { entry.exchange(original); }
+
+private:
+    using operation = HRESULT(STDMETHODCALLTYPE*)(ID2D1Factory*, Arguments...);
+
+    static HRESULT STDMETHODCALLTYPE refuse(ID2D1Factory*, Arguments...) { return E_OUTOFMEMORY; }
+
+    fakes::table_entry<operation> entry;
+    operation original;
+};
+
+void expect_refusal(const std::function<void()>& action) {
+    try {
+        action();
+        ADD_FAILURE() << "nothing was thrown";
+    } catch (const com::error& refused) {
+        EXPECT_EQ(E_OUTOFMEMORY, refused.hresult);
+    }
+}
+
+TEST_F(default_style_drawing, fails_with_the_result_of_a_platform_that_makes_no_geometry) {
+    const auto button = [&] { as<ui::IButtonStyle>().draw(on(), rect, true, false, false, false, false); };
+    const auto radio = [&] {
+        as<ui::IRadioButtonStyle>().draw(on(), rect, true, false, false, false, false);
+    };
+    const auto track = [&] { as<ui::IScrollBarStyle>().draw_track(on(), rect, false, false); };
+    const auto separators = [&] { as<ui::IScrollAreaStyle>().draw_separators(on(), rect, {1, 0, 0, 0}); };
+    {
+        const refusing_factory<const D2D1_RECT_F*, ID2D1RectangleGeometry**> refusing(5);
+        expect_refusal(track);
+    }
+    {
+        const refusing_factory<const D2D1_ROUNDED_RECT*, ID2D1RoundedRectangleGeometry**> refusing(6);
+        expect_refusal(button);
+    }
+    {
+        const refusing_factory<const D2D1_ELLIPSE*, ID2D1EllipseGeometry**> refusing(7);
+        expect_refusal(radio);
+    }
+    {
+        const refusing_factory<ID2D1PathGeometry**> refusing(10);
+        expect_refusal(separators);
+    }
+    EXPECT_EQ(lines{}, context->take_calls());
+    for (const std::function<void()>& action :
+         {std::function<void()>(button), std::function<void()>(radio), std::function<void()>(track),
+          std::function<void()>(separators)})
+        action();
+    EXPECT_EQ(6u, context->take_calls().size());
 }
 
 TEST_F(default_style_drawing, fetches_a_brush_at_each_call) {
