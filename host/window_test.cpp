@@ -1,5 +1,6 @@
 #include "d2d/window.h"
 
+#include "com/error.h"
 #include "host/graphics.h"
 #include "host/testing/patched_end_draw.h"
 #include "host/testing/patched_swap_chains.h"
@@ -157,6 +158,26 @@ TEST_F(d2d_window, has_a_swap_chain_of_two_buffers_and_presents_what_it_painted)
     InvalidateRect(shown.get_window_handle(), &part, FALSE);
     EXPECT_THROW(paint(shown), std::runtime_error);
     EXPECT_THAT(chains.take_calls(), ElementsAre("present 0 0 dirty 10 20 30 40"));
+    shown.destroy_window();
+}
+
+TEST_F(d2d_window, that_is_refused_a_swap_chain_throws_and_asks_for_it_again_with_the_next_paint) {
+    fakes::patched_swap_chains chains(graphics::dxgi_factory);
+    recording_d2d_window shown;
+    open(shown);
+    ShowWindow(shown.get_window_handle(), SW_SHOWNA);
+    shown.calls.clear();
+    chains.next_result = DXGI_ERROR_NOT_CURRENTLY_AVAILABLE;
+    try {
+        paint(shown);
+        ADD_FAILURE() << "painted on nothing";
+    } catch (const com::error& refused) {
+        EXPECT_EQ(DXGI_ERROR_NOT_CURRENTLY_AVAILABLE, refused.hresult);
+    }
+    EXPECT_THAT(shown.take_calls(), IsEmpty());
+    EXPECT_FALSE(shared_context_has_target());
+    paint(shown);
+    EXPECT_THAT(shown.take_calls(), ElementsAre("acquire", "acquire size 0 200 100", "render 0 0 200 100"));
     shown.destroy_window();
 }
 

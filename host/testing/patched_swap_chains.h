@@ -30,7 +30,11 @@ public:
         maker.exchange(original_make);
         if (presenter) presenter->exchange(original_present);
         presenter.reset();
+        next_result = S_OK;
     }
+
+    /// What the next making of a chain answers, when it is no success, in the place of the platform.
+    static inline HRESULT next_result = S_OK;
 
     [[nodiscard]] static std::vector<std::string> take_calls() { return std::exchange(calls, {}); }
 
@@ -54,6 +58,7 @@ private:
             of->BufferCount, "scaling", static_cast<int>(of->Scaling), "effect",
             static_cast<int>(of->SwapEffect), "alpha", static_cast<int>(of->AlphaMode), "flags", of->Flags));
         if (fullscreen || output) calls.emplace_back("for the whole screen or one output");
+        if (const HRESULT refusal = std::exchange(next_result, S_OK); FAILED(refusal)) return refusal;
         const HRESULT result = original_make(factory, device, window, of, fullscreen, output, made);
         if (SUCCEEDED(result) && !presenter) {
             presenter.emplace(*made, present_slot);
