@@ -1,6 +1,9 @@
 #include "d2d/factory.h"
 
 #include "com/error.h"
+#include "d2d/layered_window.h"
+#include "d2d/scene/INode.h"
+#include "d2d/scene/IView.h"
 #include "d2d/window.h"
 #include "host/graphics.h"
 #include "host/imaging.h"
@@ -8,6 +11,7 @@
 #include <cfloat>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <type_traits>
 
@@ -71,6 +75,24 @@ TEST(factory_token, another_keeps_the_same_objects_alive) {
     EXPECT_EQ(made, factory::d2d1());
     delete second;
     EXPECT_EQ(nullptr, factory::d2d1());
+}
+
+/// Whether what is made holds a token for as long as it lives, and one only.
+template <class Make>
+void expect_holds_one(const char* what, Make make) {
+    {
+        const auto made = make();
+        EXPECT_EQ(2u, graphics::users()) << what;
+    }
+    EXPECT_EQ(1u, graphics::users()) << what;
+}
+
+TEST(factory_token, is_held_by_each_window_view_and_node) {
+    const factory token;  // what comes and goes makes nothing anew
+    expect_holds_one("window", [] { return std::make_unique<d2d::window>(); });
+    expect_holds_one("layered window", [] { return std::make_unique<d2d::layered_window>(); });
+    expect_holds_one("view", [] { return d2d::scene::create_view(); });
+    expect_holds_one("node", [] { return d2d::scene::create_node(); });
 }
 
 TEST(factory_token, the_objects_can_come_and_go_many_times) {
