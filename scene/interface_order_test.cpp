@@ -1,17 +1,12 @@
-// What programs that were built with these interfaces have compiled in: identifiers, and the places of the
-// operations.
+// The places of the operations of interfaces: programs that were built with them have them compiled in.
 
 #include "d2d/IViewLowerEdge.h"
-#include "d2d/scene/IBitmap.h"
-#include "d2d/scene/IBrush.h"
 #include "d2d/scene/IDrawingContext.h"
-#include "d2d/scene/IEffect.h"
 #include "d2d/scene/INode.h"
 #include "d2d/scene/IResourceBindingContext.h"
-#include "d2d/scene/ITextFormat.h"
 #include "d2d/scene/IView.h"
 #include "d2d/scene/IVisual.h"
-#include "scene/node.h"
+#include "scene/resource.h"
 #include "support/operation_order.h"
 
 #include <cstddef>
@@ -20,31 +15,6 @@
 
 namespace d2d::scene {
 namespace {
-
-TEST(scene_interfaces, keep_their_identifiers) {
-    const struct {
-        const char* name;
-        GUID kept;
-        GUID found;
-    } interfaces[] = {
-        {"INode", com::guid("39ACCC9F-E227-4AD5-8382-7E4D6437D236"), com::guid_of<INode>()},
-        {"IObjectInternal of node", com::guid("D50641C4-A367-410E-962E-8107F7DB00CB"),
-         com::guid_of<com::IObjectInternal<node>>()},
-        {"IVisual", com::guid("490F76C8-7F3A-4FA4-9773-23226914C385"), com::guid_of<IVisual>()},
-        {"IVisual::ISite", com::guid("9B305FCB-FAE4-47E8-B8A6-DA1CB01FEEAB"), com::guid_of<IVisual::ISite>()},
-        {"IView", com::guid("054AC459-7FAB-4114-8ED5-710ACE24CEEC"), com::guid_of<IView>()},
-        {"IViewLowerEdge", com::guid("A7E34346-DFB3-4B00-8386-CD1375E75481"), com::guid_of<IViewLowerEdge>()},
-        {"IResourceBindingContext", com::guid("973464D1-5E80-4006-9F14-B91F80D77DB4"),
-         com::guid_of<IResourceBindingContext>()},
-        {"IDrawingContext", com::guid("D4CA2414-560A-4AD0-AF93-DA99C5370EF3"),
-         com::guid_of<IDrawingContext>()},
-        {"IBrush", com::guid("01470EFA-DF56-4CD5-9909-B8304C2F152C"), com::guid_of<IBrush>()},
-        {"IBitmap", com::guid("65FA6EF1-5D5D-40F2-B5D2-111049CBEF2A"), com::guid_of<IBitmap>()},
-        {"IEffect", com::guid("7D671EEA-4C6E-4664-836A-D323A5EEB83E"), com::guid_of<IEffect>()},
-        {"ITextFormat", com::guid("0F4A70D1-239D-48E2-AF5A-BC160E034091"), com::guid_of<ITextFormat>()},
-    };
-    for (const auto& [name, kept, found] : interfaces) EXPECT_TRUE(com::same_guid(kept, found)) << name;
-}
 
 #ifndef _MSC_VER  // see the header
 

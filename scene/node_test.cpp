@@ -188,6 +188,10 @@ TEST_F(node_test, answers_to_its_interfaces_with_one_identity) {
     const com::ptr<IServiceProvider> services = root;
     EXPECT_EQ(identity, identity_of(site_of_visuals.get()));
     EXPECT_EQ(identity, identity_of(services.get()));
+    const com::ptr<com::IObjectInternal<node>> internal(root);
+    EXPECT_EQ(identity, identity_of(internal.get()));
+    EXPECT_TRUE(com::same_guid(com::guid("D50641C4-A367-410E-962E-8107F7DB00CB"),
+                               com::guid_of<com::IObjectInternal<node>>()));
     EXPECT_EQ("not implemented", thrown_by([&] { site_of_visuals->reserved1(); }));
     EXPECT_EQ("not implemented", thrown_by([&] { site_of_visuals->reserved2(); }));
 }
