@@ -198,7 +198,7 @@ private:
 };
 
 /// Lets its threads pass when all have come. (Under Wine libstdc++'s own barrier hangs, and its condition
-/// variable takes twenty times as long, minutes on a busy machine.)
+/// variable takes twenty times as long.)
 class gate {
 public:
     explicit gate(int size) noexcept : size_(size) {}
