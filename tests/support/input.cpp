@@ -54,25 +54,24 @@ INPUT move_to(POINT screen_point) {
     return input;
 }
 
-bool mouse_is_at(POINT screen_point) {
-    POINT reached{};
-    GetCursorPos(&reached);
-    return reached.x == screen_point.x && reached.y == screen_point.y;
-}
-
-void expect_mouse_at(POINT screen_point) {
-    POINT reached{};
-    GetCursorPos(&reached);
-    EXPECT_TRUE(mouse_is_at(screen_point)) << "the mouse is at " << reached.x << ", " << reached.y
-                                           << " and was sent to " << screen_point.x << ", " << screen_point.y;
+POINT mouse_position() {
+    POINT position{};
+    GetCursorPos(&position);
+    return position;
 }
 
 // A late report of the screen about an earlier movement can put the mouse back under Wine: then once more.
+// Where it does so afterwards, the movement has still come to pass.
 void send_to(POINT screen_point) {
-    constexpr int attempts = 10;
-    for (int i = 0; i < attempts && (i == 0 || !mouse_is_at(screen_point)); ++i)
+    POINT reached{};
+    const auto is_there = [&] { return reached.x == screen_point.x && reached.y == screen_point.y; };
+    int attempts = 50;
+    do {
         send({move_to(screen_point)});
-    expect_mouse_at(screen_point);
+        reached = mouse_position();
+    } while (!is_there() && --attempts > 0);
+    EXPECT_TRUE(is_there()) << "the mouse is at " << reached.x << ", " << reached.y << " and was sent to "
+                            << screen_point.x << ", " << screen_point.y;
 }
 
 struct button_flags {
