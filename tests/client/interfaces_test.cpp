@@ -175,6 +175,39 @@ TEST(operations, of_scrolling_controls_are_in_this_order) {
                     &area::set_view_changed_handler);
 }
 
+TEST(operations, of_edits_and_popup_options_are_in_this_order) {
+    using edit = controls::ILineEdit;
+    expect_in_order(behind_control, &edit::set_on_change, &edit::set_text, &edit::get_text);
+    using popup = controls::IPopupOptions;
+    expect_in_order(behind_control, &popup::set_on_change, &popup::set_selected, &popup::get_selected);
+}
+
+TEST(operations, of_lists_and_tables_are_in_this_order) {
+    using list = controls::ILabelList;
+    expect_in_order(behind_control, &list::insert_item, &list::reserved1, &list::reserved2, &list::clear,
+                    &list::get_selection, &list::reserved3);
+    using table = controls::ILabelTable;
+    expect_in_order(behind_control, &table::reserved1, &table::clear, &table::clear_section, &table::add_row,
+                    &table::insert_row, &table::remove_row, &table::reserved2, &table::set_compare,
+                    &table::clear_compare, &table::set_on_header_click, &table::get_row_count,
+                    &table::get_selected_key, &table::get_selected_keys, &table::get_selected_value,
+                    &table::get_selected_values, &table::enable_multi_select, &table::disable_multi_select,
+                    &table::begin_update, &table::end_update);
+}
+
+TEST(operations, of_trees_and_their_handlers_are_in_this_order) {
+    using node = controls::ITreeNode;
+    expect_in_order(behind_unknown, &node::get_data, &node::set_data, &node::set_icon, &node::set_text,
+                    &node::set_state_icon, &node::add_child, &node::remove_child, &node::set_expandable,
+                    &node::set_expanded, &node::is_expanded, &node::is_selected, &node::set_highlighted,
+                    &node::create_drag_image);
+    using tree = controls::ITreeView;
+    expect_in_order(behind_control, &tree::set_root, &tree::set_handler, &tree::select, &tree::node_at);
+    using handler = controls::tree_handler;
+    expect_in_order(0, &handler::can_expand, &handler::collapsed, &handler::context_menu,
+                    &handler::drag_begin, &handler::selection_changed);
+}
+
 #endif
 
 }  // namespace
