@@ -4,6 +4,7 @@
 #include "com/object.h"
 #include "d2d/factory.h"
 #include "portable/ID2dWidget.h"
+#include "portable/IHwndCellEditor.h"
 #include "portable/check_box_control_impl.h"
 #include "portable/edit_control_impl.h"
 #include "portable/group_box_control_impl.h"
@@ -79,7 +80,9 @@ const named_interface all_interfaces[] = {
     {"push button form", com::guid("9D23A256-5A7E-4A3A-8952-AED07A007E78")},
     {"radio button form", com::guid("08D35DCB-5CF0-4FD1-B40E-FB3BD5B9407F")},
     {"group box form", com::guid("B6311CA9-E3CB-48E0-92AF-52A361B44F8D")},
-    {"list view form", com::guid("A43B38B2-EA04-4853-8F47-D823CC1254B2")}};
+    {"list view form", com::guid("A43B38B2-EA04-4853-8F47-D823CC1254B2")},
+    {"ICellEditor", com::guid("B1331356-1499-4BE9-BC22-732C01FE61B3")},
+    {"IHwndCellEditor", com::guid("4D27C93B-0920-410E-85D3-F6CA66F2B460")}};
 
 class interfaces : public test_support::leak_checked_test {
 protected:
@@ -131,6 +134,25 @@ TEST_F(interfaces, of_forms_on_the_scene_are_the_facades_and_the_contexts) {
     EXPECT_THAT(of(group_box_control_impl::make_d2d_widget()), form("group box form"));
 }
 
+TEST_F(interfaces, of_native_forms_are_the_facades_and_the_parent_s) {
+    const auto form = [](const char* name) {
+        return ElementsAre("IUnknown", "IMaterializedElement", "IHwndWidget", name);
+    };
+    EXPECT_THAT(of(label_control_impl::make_win32_widget()), form("label form"));
+    EXPECT_THAT(of(edit_control_impl::make_win32_widget()), form("edit form"));
+    EXPECT_THAT(of(option_control_impl::make_win32_widget()), form("option form"));
+    EXPECT_THAT(of(check_box_control_impl::make_win32_widget()), form("check box form"));
+    EXPECT_THAT(of(push_button_control_impl::make_win32_widget()), form("push button form"));
+    EXPECT_THAT(of(radio_button_control_impl::make_win32_widget()), form("radio button form"));
+    EXPECT_THAT(of(group_box_control_impl::make_win32_widget()), form("group box form"));
+    EXPECT_THAT(of(list_view_control_impl::make_win32_widget()), form("list view form"));
+}
+
+TEST_F(interfaces, of_cell_editors_are_the_client_s_and_the_list_s) {
+    EXPECT_THAT(of(create_list_view_control()->create_text_editor(nullptr, nullptr)),
+                ElementsAre("IUnknown", "ICellEditor", "IHwndCellEditor"));
+}
+
 TEST_F(interfaces, of_layouts_tell_what_they_are) {
     const auto layout = [](const char* name) {
         return ElementsAre("IUnknown", "IElement", "ILayout", "IMaterializableElement", name);
@@ -145,9 +167,10 @@ TEST_F(interfaces, of_layouts_tell_what_they_are) {
 }
 
 TEST_F(interfaces, of_panels_tell_where_they_are) {
-    EXPECT_THAT(of(create_d2d_hwnd_panel(nullptr)),
-                ElementsAre("IUnknown", "IServiceProvider", "IPanel", "IBasicHwndPanel", "IHwndPanel",
-                            "IModalService", "IFileSelectionService"));
+    for (const auto& panel : {create_d2d_hwnd_panel(nullptr), create_win32_hwnd_panel(nullptr)}) {
+        EXPECT_THAT(of(panel), ElementsAre("IUnknown", "IServiceProvider", "IPanel", "IBasicHwndPanel",
+                                           "IHwndPanel", "IModalService", "IFileSelectionService"));
+    }
     EXPECT_THAT(of(create_d2d_scene_node_panel(nullptr)),
                 ElementsAre("IUnknown", "IServiceProvider", "IPanel", "ID2DScenePanel"));
 }
