@@ -8,6 +8,12 @@
 
 namespace ui::mossHarbour {
 
+// Both name a hook that is not there: the dialogs have had this look by it ever since.
+inline constexpr DWORD input_file_flags =
+    OFN_ENABLESIZING | OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_ENABLEHOOK;
+inline constexpr DWORD output_file_flags =
+    OFN_ENABLESIZING | OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_ENABLEHOOK;
+
 /// What the system's file dialogs are asked, and the name that they answer. Stays where it is: one part
 /// points to the other.
 class file_request {

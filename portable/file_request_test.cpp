@@ -29,6 +29,11 @@ TEST(file_request, asks_with_the_client_s_strings_and_nothing_else) {
     EXPECT_EQ(std::memcmp(&asked, &expected, sizeof expected), 0);
 }
 
+TEST(file_request, names_a_hook_that_is_not_there_and_what_each_dialog_checks) {
+    EXPECT_EQ(input_file_flags, 0x881020u);
+    EXPECT_EQ(output_file_flags, 0x880022u);
+}
+
 TEST(file_request, keeps_what_fits_of_a_long_name) {
     const std::wstring longest(259, L'n');
     const std::wstring longer = longest + L"more";
