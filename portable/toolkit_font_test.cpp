@@ -2,7 +2,9 @@
 
 #include "support/user_key.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -72,8 +74,10 @@ TEST_F(stored_font, has_a_size_that_is_a_number_whatever_the_face_is) {
 TEST(toolkit_font, is_there_from_the_start_with_the_height_of_its_lines) {
     LOGFONTW found{};
     ASSERT_NE(GetObjectW(toolkit_font, sizeof found, &found), 0);
-    EXPECT_EQ(found.lfWeight, FW_DONTCARE);
-    EXPECT_EQ(found.lfCharSet, ANSI_CHARSET);
+    LOGFONTW height_alone{};  // all else but the face is left to the system
+    height_alone.lfHeight = found.lfHeight;
+    EXPECT_EQ(std::memcmp(&found, &height_alone, offsetof(LOGFONTW, lfFaceName)), 0);
+    EXPECT_LT(found.lfHeight, 0);
     EXPECT_EQ(font_height, line_height(toolkit_font));
     EXPECT_GT(font_height, 0);
     EXPECT_EQ(decode_length(0x1000064), font_height);
