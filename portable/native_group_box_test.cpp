@@ -2,6 +2,7 @@
 
 #include "portable/testing/native_panel_fixture.h"
 #include "portable/testing/stub_element.h"
+#include "support/sent_messages.h"
 #include "ui/mossHarbour/IEditControl.h"
 #include "ui/mossHarbour/IGroupBoxControl.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
@@ -37,35 +38,6 @@ protected:
     ~onlooking_element() = default;
 };
 
-/// Calls a function with each message that is sent to this thread's windows, ahead of their procedures.
-class sent_messages {
-public:
-    using listener = std::function<void(const CWPSTRUCT&)>;
-
-    explicit sent_messages(listener told) {
-        current() = std::move(told);
-        hook = SetWindowsHookExW(WH_CALLWNDPROC, &on_message, nullptr, GetCurrentThreadId());
-    }
-    sent_messages(const sent_messages&) = delete;
-    sent_messages& operator=(const sent_messages&) = delete;
-    ~sent_messages() {
-        UnhookWindowsHookEx(hook);
-        current() = nullptr;
-    }
-
-private:
-    static listener& current() {
-        static listener told;
-        return told;
-    }
-    static LRESULT CALLBACK on_message(int code, WPARAM wparam, LPARAM lparam) {
-        if (code == HC_ACTION) current()(*reinterpret_cast<const CWPSTRUCT*>(lparam));
-        return CallNextHookEx(nullptr, code, wparam, lparam);
-    }
-
-    HHOOK hook = nullptr;
-};
-
 TEST_F(native_group_box, has_its_procedure_back_ahead_of_all_else) {
     const auto inside = com::create_object<onlooking_element>();
     const auto group = create_group_box_control();
@@ -95,7 +67,7 @@ TEST_F(native_group_box, and_what_is_in_it_are_forgotten_ahead_of_their_windows_
     const HWND frame = show({group}).front();
     const HWND field = children_of(frame).front();
     std::vector<HWND> destroyed;
-    const sent_messages messages([&](const CWPSTRUCT& sent) {
+    const test_support::sent_messages messages([&](const CWPSTRUCT& sent) {
         if (sent.message != WM_DESTROY) return;
         destroyed.push_back(sent.hwnd);
         EXPECT_EQ(GetWindowLongPtrW(sent.hwnd, GWLP_USERDATA), 0);

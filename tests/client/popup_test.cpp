@@ -106,11 +106,17 @@ TEST_P(popup, stands_beside_its_anchor) {
         details.align = align;
         RECT place{};
         LONG style = 0;
+        LONG ex_style = 0;
+        wchar_t title[20] = L"unknown";
         EXPECT_FALSE(show(details, [&](HWND window) {
             GetWindowRect(window, &place);
             style = GetWindowLongW(window, GWL_STYLE);
+            ex_style = GetWindowLongW(window, GWL_EXSTYLE);
+            GetWindowTextW(window, title, 20);
             leave(window);
         }));
+        EXPECT_EQ(ex_style, 0);
+        EXPECT_STREQ(title, L"");
         EXPECT_EQ(place.left, expected.x);
         EXPECT_EQ(place.top, expected.y);
         EXPECT_EQ(place.right - place.left, size.cx);
