@@ -30,8 +30,8 @@ public:
         std::size_t done = 0;
         try {
             for (; done < items.size(); ++done) {
-                const Item& added = items[done];
-                made->add(added.details, materializable(added)->materialize(context));
+                auto live = materializable(items[done])->materialize(context);
+                made->add(items[done].details, std::move(live));  // it may have added items to this
             }
         } catch (...) {
             take_away(context, done);

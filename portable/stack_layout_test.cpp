@@ -228,6 +228,31 @@ TEST_F(stack_layout, takes_a_new_item_into_account_when_it_is_materialized_again
     EXPECT_EQ(late.materialized, 1);
 }
 
+TEST_F(stack_layout, takes_in_what_is_added_while_it_is_materialized) {
+    start(orientation::vertical);
+    stack_item_details details;
+    details.min_height = 15;
+    auto& adding = add(tall(10, 20, 30), details);
+    adding.when_coming = [this] {
+        for (int i = 0; i < 20; ++i) add(tall(1, 1, 1));  // the list of items moves
+    };
+    EXPECT_EQ(measure().min_height, 15 + 20);
+    adding.when_coming = nullptr;
+}
+
+TEST_F(stack_layout, lets_go_of_its_former_form_when_it_is_materialized_again) {
+    start(orientation::vertical);
+    auto& item = add(tall(10, 10, 10));
+    const auto former = layout->materialize(context);
+    former->AddRef();
+    EXPECT_EQ(former->Release(), 2u);
+    materialize();
+    former->AddRef();
+    EXPECT_EQ(former->Release(), 1u);
+    EXPECT_EQ(item.materialized, 2);
+    EXPECT_EQ(measure().min_height, 10);
+}
+
 TEST_F(stack_layout, leaves_nothing_behind_when_an_item_refuses) {
     start(orientation::vertical);
     auto& first = add(tall(10, 10, 10));

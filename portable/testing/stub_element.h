@@ -5,6 +5,7 @@
 #include "ui/mossHarbour/IMaterializableElement.h"
 #include "ui/mossHarbour/IMaterializedElement.h"
 
+#include <functional>
 #include <stdexcept>
 #include <vector>
 
@@ -23,10 +24,12 @@ public:
     com::ptr<IMaterializedElement> materialize(materialization_context&) override {
         if (is_refusing) throw std::runtime_error("refused");
         ++materialized;
+        if (when_coming) when_coming();
         return this;
     }
     void dematerialize(materialization_context&) override {
         if (materialized > 0) --materialized;
+        if (when_going) when_going();
     }
     // IMaterializedElement
     element_metrics measure(measure_context&) override { return said; }
@@ -36,6 +39,8 @@ public:
 
     element_metrics said;
     bool is_refusing = false;
+    std::function<void()> when_coming;
+    std::function<void()> when_going;
     int materialized = 0;
     std::vector<RECT> placed;
 
