@@ -9,7 +9,8 @@ namespace ui::mossHarbour {
 
 com::ptr<ILayout> scene_content::replace(com::ptr<ILayout> next, IPanel* panel) {
     if (layout) {
-        dematerialize_d2d_layout(panel, root.get(), layout);
+        // One that failed never stood here, and may stand elsewhere by now.
+        if (shown) dematerialize_d2d_layout(panel, root.get(), layout);
         shown.reset();
         root->clear();
     }

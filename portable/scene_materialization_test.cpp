@@ -285,6 +285,41 @@ TEST_F(scene_materialization, that_fails_leaves_no_facade_in_the_form) {
     EXPECT_EQ(shown_nodes(), 0u);
 }
 
+TEST_F(scene_materialization, that_failed_here_leaves_the_layout_alone_where_it_stands) {
+    auto& stub = make_stub({0, 0, 0, 0, 10, 10, 10, 10, 10, 10});
+    const auto label = create_label_control();
+    const auto layout = stacked({label, element_of(stub)});
+    stub.is_refusing = true;
+    EXPECT_THAT([&] { panel->set_content(layout); }, ThrowsMessage<std::runtime_error>("refused"));
+    stub.is_refusing = false;
+    const auto other = create_d2d_scene_node_panel(nullptr);
+    other->set_content(layout);
+    EXPECT_TRUE(panel->set_content(nullptr) == layout);
+    EXPECT_EQ(stub.materialized, 1);
+    label->set_text(L"still there");
+    EXPECT_EQ(nodes_below(other->get_node()).size(), 1u);
+    other->set_content(nullptr);
+}
+
+/// Cannot be materialized.
+class plain_layout : public com::base_object<com::object_base, ILayout> {
+protected:
+    ~plain_layout() = default;
+};
+
+TEST_F(scene_materialization, of_a_layout_that_has_no_form_at_all_fails_and_gives_way_to_another) {
+    const com::ptr<ILayout> plain(com::create_object<plain_layout>().get());
+    try {
+        panel->set_content(plain);
+        ADD_FAILURE() << "nothing thrown";
+    } catch (const com::error& failure) {
+        EXPECT_EQ(failure.hresult, E_NOINTERFACE);
+    }
+    const auto label = create_label_control();
+    EXPECT_TRUE(panel->set_content(stacked({label})) == plain);
+    label->set_text(L"text");
+}
+
 TEST_F(scene_materialization, twice_in_a_row_leaves_the_first_form_to_nobody) {
     const auto label = create_label_control();
     const auto element = com::ptr<IMaterializableElement>(label.get());
