@@ -1,5 +1,6 @@
 // Each operation of each control, with and without a form on the screen.
 
+#include "com/error.h"
 #include "com/object.h"
 #include "portable/check_box_control_impl.h"
 #include "portable/edit_control_impl.h"
@@ -357,6 +358,56 @@ TEST_F(facades, of_radio_buttons_know_whether_they_begin_a_group) {
         const auto button = create_radio_button_control(first);
         EXPECT_EQ(com::ptr<radio_button_control_impl::facade>(button.get())->is_group_start(), first);
     }
+}
+
+TEST_F(facades, refuse_a_form_of_another_kind_and_stay_as_they_were) {
+    const auto label = create_label_control();
+    const com::ptr<IMaterializableElement> element(label.get());
+    stub_context<edit_form> wrong;
+    try {
+        element->materialize(wrong);
+        ADD_FAILURE() << "nothing thrown";
+    } catch (const com::error& failure) {
+        EXPECT_EQ(failure.hresult, E_NOINTERFACE);
+    }
+    EXPECT_THAT([&] { label->set_text(L"a"); }, ThrowsMessage<std::logic_error>(not_materialized));
+    stub_context<label_form> right;
+    const auto live = element->materialize(right);
+    EXPECT_TRUE(live.try_as<label_control_impl::materialization>());
+    label->set_text(L"a");
+    EXPECT_THAT(calls, ElementsAre(L"text a"));
+    element->dematerialize(right);
+}
+
+/// A handler that counts how often it is copied.
+struct copied_handler {
+    explicit copied_handler(int& counter) noexcept : copies(&counter) {}
+    copied_handler(const copied_handler& other) noexcept : copies(other.copies) { ++*copies; }
+    copied_handler(copied_handler&& other) noexcept = default;
+    copied_handler& operator=(const copied_handler&) = delete;
+    copied_handler& operator=(copied_handler&&) = delete;
+    ~copied_handler() = default;
+    template <class... Arguments>
+    void operator()(Arguments...) const {}
+
+    int* copies;
+};
+
+TEST_F(facades, keep_and_call_their_handlers_without_a_copy) {
+    int copies = 0;
+    const auto edit = create_edit_control();
+    const auto option = create_option_control();
+    const auto box = create_check_box_control();
+    const auto push = create_push_button_control();
+    const auto radio = create_radio_button_control(false);
+    edit->set_on_changed(copied_handler(copies));
+    option->set_on_selection_changed(copied_handler(copies));
+    box->set_on_toggled(copied_handler(copies));
+    push->set_on_click(copied_handler(copies));
+    radio->set_on_click(copied_handler(copies));
+    com::ptr<check_box_control_impl::facade>(box.get())->fire_toggled(nullptr, true);
+    com::ptr<push_button_control_impl::facade>(push.get())->fire_click(nullptr);
+    EXPECT_EQ(copies, 0);
 }
 
 TEST_F(facades, let_a_handler_replace_itself) {

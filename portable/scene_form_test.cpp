@@ -140,6 +140,18 @@ TEST_F(scene_controls, are_pressed_only_while_they_are_enabled) {
     EXPECT_THAT(take_told(), ElementsAre("button"));
 }
 
+TEST_F(scene_controls, of_push_buttons_show_no_sign_of_an_earlier_press) {
+    const auto button = create_push_button_control();
+    const auto box = create_check_box_control();
+    show_rows({button, box});
+    const auto pressed = [this](int row) {
+        press_row(row);
+        return drawing();
+    };
+    EXPECT_EQ(pressed(0), pressed(0));
+    EXPECT_NE(pressed(1), pressed(1));  // unlike what keeps a state
+}
+
 TEST_F(scene_controls, hold_a_text_of_any_length_in_an_edit) {
     const auto edit = create_edit_control();
     edit->set_on_changed(note("edit"));

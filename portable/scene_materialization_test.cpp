@@ -73,6 +73,26 @@ TEST_F(scene_materialization, adds_nodes_in_the_order_of_the_items_and_takes_the
     EXPECT_EQ(shown_nodes(), 0u);
 }
 
+TEST_F(scene_materialization, ends_in_the_order_of_the_items_and_in_a_group_box_ahead_of_the_box) {
+    const auto first = create_label_control();
+    const auto box = create_group_box_control();
+    const auto last = create_label_control();
+    auto& before = make_stub({});
+    auto& inside = make_stub({});
+    auto& behind = make_stub({});
+    box->set_content(stacked({element_of(inside)}));
+    panel->set_content(stacked({first, element_of(before), box, element_of(behind), last}));
+    // Labels and group box have a node each; what goes is off the panel's node ahead of what follows.
+    std::vector<std::pair<const char*, std::size_t>> left;
+    before.when_going = [&] { left.emplace_back("before", shown_nodes()); };
+    inside.when_going = [&] { left.emplace_back("inside", shown_nodes()); };
+    behind.when_going = [&] { left.emplace_back("behind", shown_nodes()); };
+    EXPECT_EQ(shown_nodes(), 3u);
+    panel->set_content(nullptr);
+    EXPECT_THAT(left, ElementsAre(testing::Pair("before", 2u), testing::Pair("inside", 2u),
+                                  testing::Pair("behind", 1u)));
+}
+
 TEST_F(scene_materialization, clears_what_else_was_put_on_the_panels_node) {
     panel->get_node()->add_child(d2d::scene::create_node());
     panel->set_content(stacked({create_label_control()}));
@@ -100,6 +120,18 @@ TEST_F(scene_materialization, measures_a_group_box_around_its_content_and_arrang
     EXPECT_FLOAT_EQ(frame.top, 40);
     EXPECT_FLOAT_EQ(frame.right, 174);
     EXPECT_FLOAT_EQ(frame.bottom, 182);
+}
+
+TEST_F(scene_materialization, gives_the_content_of_a_group_box_all_but_5_pixels_on_each_side) {
+    auto& stub = make_stub({3, 4, 5, 6, 1, 1, unbounded_extent, unbounded_extent, 10, 10});
+    const auto box = create_group_box_control();
+    box->set_padding(20, 21, 22, 23);
+    box->set_content(stacked({element_of(stub)}));
+    panel->set_content(stacked({box}));
+    panel->measure();
+    panel->arrange(30, 40, 174, 182);
+    ASSERT_EQ(stub.placed.size(), 1u);
+    EXPECT_THAT(edges_of(stub.placed[0]), ElementsAre(5, 5, 144 - 5, 142 - 5));
 }
 
 TEST_F(scene_materialization, measures_a_group_box_by_margins_that_are_larger_than_its_padding) {
@@ -256,6 +288,18 @@ TEST_F(scene_materialization, of_an_element_without_a_facade_fails) {
     const auto layout = stacked({com::ptr<IElement>(com::create_object<plain_element>().get())});
     fails([&] { panel->set_content(layout); });
     EXPECT_TRUE(panel->set_content(nullptr) == layout);  // which never stood there
+}
+
+TEST_F(scene_materialization, cannot_take_away_what_is_no_form_of_the_scene) {
+    auto& stub = make_stub({});
+    const auto label = create_label_control();
+    d2d_materialization_context_impl context(panel->get_node().get(), panel.get());
+    try {
+        context.dematerialize(com::ptr<IMaterializableElement>(label.get()).get(), &stub);
+        ADD_FAILURE() << "nothing thrown";
+    } catch (const com::error& failure) {
+        EXPECT_EQ(failure.hresult, E_NOINTERFACE);
+    }
 }
 
 TEST_F(scene_materialization, of_a_group_box_cannot_measure_without_its_facade) {

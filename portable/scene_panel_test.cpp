@@ -75,6 +75,21 @@ TEST(pixels_for, rounds_up_and_keeps_what_has_no_limit) {
     for (const auto& [size, pixels] : cases) EXPECT_EQ(pixels_for(size), pixels) << size;
 }
 
+TEST(pixel_metrics, have_each_size_rounded_up_and_no_margins) {
+    const auto measured =
+        pixel_metrics({{1, 2, 3, 4}, {10.1f, 20}, {30.5f, d2d::scene::layout::unlimited}, {50, 60.9f}});
+    EXPECT_EQ(measured.margin_left, 0);
+    EXPECT_EQ(measured.margin_top, 0);
+    EXPECT_EQ(measured.margin_right, 0);
+    EXPECT_EQ(measured.margin_bottom, 0);
+    EXPECT_EQ(measured.min_width, 11);
+    EXPECT_EQ(measured.min_height, 20);
+    EXPECT_EQ(measured.max_width, 31);
+    EXPECT_EQ(measured.max_height, unbounded_extent);
+    EXPECT_EQ(measured.preferred_width, 50);
+    EXPECT_EQ(measured.preferred_height, 61);
+}
+
 TEST(group_box_measure, adds_the_larger_of_padding_and_margins) {
     const element_metrics content{1, 30, 2, 3, 100, 100, 100, 100, 100, 100};
     const auto insets = group_box_insets({20, 20, 20, 20}, content);
