@@ -7,7 +7,7 @@
 #include "ui/mossHarbour/IGroupBoxControl.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
 
-#include <functional>
+#include <commctrl.h>
 
 namespace ui::mossHarbour {
 namespace {
@@ -21,34 +21,13 @@ protected:
     }
 };
 
-/// An element without a form, which looks around when it goes.
-class onlooking_element
-    : public com::base_object<com::object_base, IElement, IMaterializableElement, IMaterializedElement> {
-public:
-    // IMaterializableElement
-    com::ptr<IMaterializedElement> materialize(materialization_context&) override { return this; }
-    void dematerialize(materialization_context&) override { when_going(); }
-    // IMaterializedElement
-    element_metrics measure(measure_context&) override { return {}; }
-    void arrange(int, int, int, int) override {}
-
-    std::function<void()> when_going;
-
-protected:
-    ~onlooking_element() = default;
-};
-
 TEST_F(native_group_box, has_its_procedure_back_ahead_of_all_else) {
-    const auto inside = com::create_object<onlooking_element>();
+    const auto inside = com::create_object<stubs::stub_element>(element_metrics{});
     const auto group = create_group_box_control();
     group->set_content(stack_of({inside}));
     const HWND window = show({group}).front();
-    const LONG_PTR of_the_control = procedure_of(window);
-    WNDCLASSEXW button{};
-    button.cbSize = sizeof button;
-    ASSERT_TRUE(GetClassInfoExW(nullptr, L"Button", &button));
-    const auto of_the_class = reinterpret_cast<LONG_PTR>(button.lpfnWndProc);
-    EXPECT_NE(of_the_control, of_the_class);
+    const auto of_the_class = static_cast<LONG_PTR>(GetClassLongPtrW(window, GCLP_WNDPROC));
+    EXPECT_NE(procedure_of(window), of_the_class);
     int going = 0;
     inside->when_going = [&] {
         ++going;
@@ -58,6 +37,59 @@ TEST_F(native_group_box, has_its_procedure_back_ahead_of_all_else) {
     panel->set_content(nullptr);
     EXPECT_EQ(going, 1);
     EXPECT_FALSE(IsWindow(window));
+}
+
+/// For its lifetime new windows of a class have their messages written down.
+class listened_class {
+public:
+    explicit listened_class(const wchar_t* name) {
+        messages().clear();
+        sample = CreateWindowExW(0, name, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+        former() = reinterpret_cast<WNDPROC>(
+            SetClassLongPtrW(sample, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure)));
+    }
+    listened_class(const listened_class&) = delete;
+    listened_class& operator=(const listened_class&) = delete;
+    ~listened_class() {
+        SetClassLongPtrW(sample, GCLP_WNDPROC, reinterpret_cast<LONG_PTR>(former()));
+        DestroyWindow(sample);
+    }
+
+    [[nodiscard]] static std::vector<UINT>& messages() {
+        static std::vector<UINT> received;
+        return received;
+    }
+
+private:
+    static WNDPROC& former() {
+        static WNDPROC of_the_class = nullptr;
+        return of_the_class;
+    }
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+        messages().push_back(message);
+        return CallWindowProcW(former(), window, message, wparam, lparam);
+    }
+
+    HWND sample = nullptr;
+};
+
+TEST_F(native_group_box, hands_on_what_it_erases_and_what_no_control_handles) {
+    const listened_class buttons(L"Button");
+    const auto edit = create_edit_control();
+    const auto group = create_group_box_control();
+    group->set_content(stack_of({edit}));
+    const HWND frame = show({group}).front();
+    const HWND field = children_of(frame).front();
+    const HDC dc = GetDC(frame);
+    listened_class::messages().clear();
+    SendMessageW(frame, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
+    SendMessageW(frame, WM_COMMAND, MAKEWPARAM(0, EN_CHANGE), reinterpret_cast<LPARAM>(field));
+    SendMessageW(frame, WM_COMMAND, MAKEWPARAM(0, EN_UPDATE), reinterpret_cast<LPARAM>(field));
+    NMHDR notification{field, 0, static_cast<UINT>(NM_CLICK)};
+    SendMessageW(frame, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+    EXPECT_THAT(listened_class::messages(), ElementsAre(WM_ERASEBKGND, WM_COMMAND, WM_NOTIFY));
+    ReleaseDC(frame, dc);
+    panel->set_content(nullptr);
 }
 
 TEST_F(native_group_box, and_what_is_in_it_are_forgotten_ahead_of_their_windows_end) {

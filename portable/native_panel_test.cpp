@@ -6,8 +6,10 @@
 #include "portable/testing/stub_element.h"
 #include "portable/testing/window_creations.h"
 #include "portable/toolkit_font.h"
+#include "support/sent_messages.h"
 #include "ui/mossHarbour/IEditControl.h"
 #include "ui/mossHarbour/IFileSelectionService.h"
+#include "ui/mossHarbour/IGridLayout.h"
 #include "ui/mossHarbour/ILabelControl.h"
 #include "ui/mossHarbour/IModalService.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
@@ -132,6 +134,28 @@ TEST_F(native_panel, shows_its_content_while_there_is_a_window) {
     EXPECT_FALSE(panel->set_content(nullptr));
 }
 
+TEST_F(native_panel, takes_its_content_away_ahead_of_its_window_and_of_another_content) {
+    const auto first = stub();
+    const auto second = stub();
+    panel->set_content(stack_of({first}));
+    const HWND made = create_window();
+    int going = 0;
+    first->when_going = [&] {
+        ++going;
+        EXPECT_EQ(second->materialized, 0);
+    };
+    panel->set_content(stack_of({second}));
+    EXPECT_EQ(second->materialized, 1);
+    second->when_going = [&] {
+        ++going;
+        EXPECT_TRUE(IsWindow(made));
+        EXPECT_EQ(window(), made);
+    };
+    panel->destroy_window();
+    EXPECT_FALSE(IsWindow(made));
+    EXPECT_EQ(going, 2);
+}
+
 TEST_F(native_panel, keeps_a_content_that_failed_and_shows_nothing_of_it) {
     const auto content = stub();
     const auto stack = stack_of({content});
@@ -223,6 +247,16 @@ TEST_F(native_panel, keeps_what_has_no_limit_without_one_on_each_axis) {
     EXPECT_EQ(limits.ptMaxTrackSize.y, sizes.maximum.cy);
     EXPECT_EQ(limits.ptMinTrackSize.x, sizes.minimum.cx);
     EXPECT_EQ(limits.ptMinTrackSize.y, sizes.minimum.cy);
+}
+
+TEST_F(native_panel, has_a_frame_around_what_is_beyond_no_limit) {
+    create_window();
+    const auto grid = create_grid_layout();
+    grid->add_item({}, stub({0, 0, 0, 0, 10, 10, unbounded_extent + 5, unbounded_extent, 20, 20}));
+    panel->set_content(grid);
+    EXPECT_EQ(panel->measure().max_width, unbounded_extent + 5);
+    EXPECT_EQ(panel->get_window_sizes().maximum.cx, around(unbounded_extent + 5, 0).cx);
+    EXPECT_EQ(panel->get_window_sizes().maximum.cy, unbounded_extent);
 }
 
 TEST_F(native_panel, cannot_measure_a_stack_without_items) {
@@ -318,6 +352,25 @@ TEST_F(native_panel, windows_of_its_class_live_without_a_panel_too) {
     RECT place{};
     GetWindowRect(bare, &place);
     EXPECT_EQ(place.right, 200);
+}
+
+TEST_F(native_panel, is_a_dialog_to_the_system) {
+    create_window();
+    EXPECT_TRUE(SendMessageW(window(), DM_SETDEFID, 7, 0));
+    EXPECT_EQ(SendMessageW(window(), DM_GETDEFID, 0, 0), MAKELRESULT(7, DC_HASDEFID));
+}
+
+TEST_F(native_panel, keeps_changes_of_its_place_to_itself) {
+    create_window();
+    ShowWindow(window(), SW_SHOWNOACTIVATE);
+    panel->set_content(stack_of({stub()}));
+    std::vector<UINT> told;
+    const test_support::sent_messages messages([&](const CWPSTRUCT& sent) {
+        if (sent.hwnd == window()) told.push_back(sent.message);
+    });
+    SetWindowPos(window(), nullptr, 50, 60, 400, 300, SWP_NOZORDER | SWP_NOACTIVATE);
+    EXPECT_THAT(told, testing::Contains(UINT{WM_WINDOWPOSCHANGED}));
+    EXPECT_THAT(told, testing::Not(testing::Contains(testing::AnyOf(UINT{WM_SIZE}, UINT{WM_MOVE}))));
 }
 
 TEST_F(native_panel, translates_no_message_without_a_window) {

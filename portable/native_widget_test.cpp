@@ -10,6 +10,7 @@
 #include "portable/testing/stub_element.h"
 #include "portable/testing/window_creations.h"
 #include "portable/toolkit_font.h"
+#include "support/sent_messages.h"
 #include "win32/module.h"
 
 namespace ui::mossHarbour {
@@ -51,6 +52,51 @@ TEST_F(native_widget, has_the_toolkit_font_and_knows_its_widget) {
         EXPECT_EQ(widget_of(windows[0]), known) << kind;
         EXPECT_TRUE(com::ptr<IHwndWidget>(known).try_as<IMaterializedElement>()) << kind;
         EXPECT_EQ(text_of(windows[0]), L"") << kind;
+    }
+}
+
+TEST_F(native_widget, is_known_by_the_time_that_its_window_gets_the_font) {
+    const HWND parent = create_window();
+    for (const auto& [element, kind, style, ex_style] : every_kind()) {
+        std::vector<WPARAM> fonts;
+        {
+            const test_support::sent_messages messages([&](const CWPSTRUCT& sent) {
+                if (sent.message != WM_SETFONT || GetParent(sent.hwnd) != parent) return;
+                fonts.push_back(sent.wParam);
+                EXPECT_NE(widget_of(sent.hwnd), nullptr);
+            });
+            panel->set_content(stack_of({element}));
+        }
+        EXPECT_THAT(fonts, ElementsAre(reinterpret_cast<WPARAM>(toolkit_font))) << kind;
+    }
+}
+
+TEST_F(native_widget, has_no_width_in_the_corner_until_it_is_placed) {
+    for (const auto& [element, kind, style, ex_style] : every_kind()) {
+        const HWND window = show({element}).front();
+        RECT place{};
+        GetWindowRect(window, &place);
+        MapWindowPoints(nullptr, panel->get_window_handle(), reinterpret_cast<POINT*>(&place), 2);
+        EXPECT_EQ(place.left, 0) << kind;
+        EXPECT_EQ(place.top, 0) << kind;
+        EXPECT_EQ(place.right, 0) << kind;
+    }
+}
+
+TEST_F(native_widget, leaves_its_window_to_end_with_the_procedure_of_its_class) {
+    for (const com::ptr<IElement>& element :
+         {com::ptr<IElement>(create_group_box_control()), com::ptr<IElement>(create_list_view_control())}) {
+        const HWND window = show({element}).front();
+        const auto of_the_class = static_cast<LONG_PTR>(GetClassLongPtrW(window, GCLP_WNDPROC));
+        EXPECT_NE(GetWindowLongPtrW(window, GWLP_WNDPROC), of_the_class);
+        int ends = 0;
+        const test_support::sent_messages messages([&](const CWPSTRUCT& sent) {
+            if (sent.message != WM_DESTROY || sent.hwnd != window) return;
+            ++ends;
+            EXPECT_EQ(GetWindowLongPtrW(window, GWLP_WNDPROC), of_the_class);
+        });
+        panel->set_content(nullptr);
+        EXPECT_EQ(ends, 1);
     }
 }
 
