@@ -158,6 +158,22 @@ TEST_F(cell_edit_loops, are_not_there_for_rows_that_are_not_selected) {
     }
 }
 
+TEST_F(cell_edit_loops, are_not_there_for_a_press_beside_the_text_of_a_cell) {
+    ask(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
+    select(1);
+    RECT box{LVIR_SELECTBOUNDS, 0, 0, 0};
+    ask(LVM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&box));
+    LVHITTESTINFO hit{};
+    hit.pt = {box.left + 4, (box.top + box.bottom) / 2};
+    ASSERT_EQ(ask(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)), 1);
+    ASSERT_EQ(hit.flags & LVHT_ONITEMLABEL, 0u) << "a box is there";
+    PostMessageW(window, WM_LBUTTONUP, 0, 0);  // the list waits for it by itself
+    post_key(VK_ESCAPE);  // would end the loop
+    ask(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(hit.pt.x, hit.pt.y));
+    EXPECT_THAT(events, IsEmpty());
+    test_support::pump_until_idle();
+}
+
 TEST_F(cell_edit_loops, need_a_source_and_an_editor) {
     fixed_cells = {"1.0"};
     select_and_press(1, 0);
