@@ -5,6 +5,7 @@
 #include "controls/label_list_item.h"
 #include "controls/style_brush.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 

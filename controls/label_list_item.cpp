@@ -25,10 +25,7 @@ look look_of(bool is_selected, bool is_hot) noexcept {
 com::ptr<ID2D1RoundedRectangleGeometry> outline_of(const D2D_RECT_F& row) {
     constexpr float half_stroke = 0.5f;
     constexpr float radius = 2;
-    return factory::create_rounded_rect_geometry(
-        {{row.left + half_stroke, row.top + half_stroke, row.right - half_stroke, row.bottom - half_stroke},
-         radius,
-         radius});
+    return factory::create_rounded_rect_geometry({scene::inset(row, half_stroke), radius, radius});
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Rows of a label list: where they lie, how they look, what the mouse does.
 
+#include "controls/testing/answers.h"
 #include "controls/testing/label_list_fixture.h"
+#include "d2d/ui/IScrollArea.h"
 
 #include <algorithm>
 #include <limits>
@@ -33,6 +35,13 @@ protected:
         return call_text(size.width, size.height);
     }
 };
+
+TEST_F(label_list_test, answers_for_its_interfaces) {
+    EXPECT_TRUE(fakes::answers<ui::ILabelList>(list));
+    EXPECT_TRUE(fakes::answers<ui::IControl>(list));
+    EXPECT_TRUE(fakes::answers<scene::layout::IElement>(list));
+    EXPECT_FALSE(fakes::answers<ui::IScrollArea>(list));
+}
 
 // Places
 

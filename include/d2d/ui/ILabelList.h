@@ -9,15 +9,15 @@
 namespace d2d::ui {
 
 /// Labels one under the other, scrolled by need. The row under the mouse lights up, a press of the left
-/// button selects a row; any press gives the list the keyboard focus, and so throws `std::runtime_error` in a
-/// scene without a view. There is no selection by keyboard or by program, and no notification of it.
+/// button selects a row; any press on a row gives the list the keyboard focus, and so throws
+/// `std::runtime_error` "not expected" where the list has just left its view. There is no selection by
+/// keyboard or by program, and no notification of it.
 ///
 /// The rows are laid out whenever one comes, and at `clear`, as the labels measure then. What a label becomes
 /// later shows at the next of these.
 ///
 /// A row takes the mouse where it paints something: as long as it is neither hot nor selected, on its label
-/// alone. Its shape lies where it was when the state changed last; a row that comes ahead of it moves the
-/// label only.
+/// alone. The shape of one that is lies around the label, and goes with it when the rows are laid out.
 ///
 /// Labels and handlers may change the list while they run.
 struct ILabelList : IControl {
