@@ -77,7 +77,8 @@ struct ILabelTable : IControl {
     /// Of all selected rows, from the top down.
     [[nodiscard]] virtual std::vector<sort_value> get_selected_values() const = 0;
     /// A click selects a row alone; with Control it adds or takes away one; with Shift it selects all rows
-    /// from the one last clicked with Control, or first with Shift.
+    /// from the one last clicked with Control, or first with Shift. With both, or while another button is
+    /// held, it changes nothing.
     virtual void enable_multi_select() = 0;
     /// A click selects a row alone, with whatever key: the state at the start. What is selected stays.
     virtual void disable_multi_select() = 0;

@@ -7,9 +7,12 @@ namespace d2d::ui {
 
 /// How line edits look. In pixels.
 struct ILineEditStyle : IStyle {
+    /// Asked whenever an edit is drawn, which fails with it; but text that is not selected is black.
     virtual com::ptr<scene::IBrush> text_brush(bool enabled) = 0;
     virtual com::ptr<scene::IBrush> selection_background_brush() = 0;
+    /// Asked once, when an edit is made.
     virtual _D3DCOLORVALUE selected_text_color() = 0;
+    /// Asked for each layout of an edit without a format of its own.
     virtual com::ptr<scene::ITextFormat> text_format() = 0;
     /// What a frame adds to the size of the text.
     virtual D2D_SIZE_F padding() = 0;

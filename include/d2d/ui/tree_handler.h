@@ -13,6 +13,8 @@ class tree_handler {
 public:
     /// Asked ahead of an expansion; false keeps the node closed. The place to add children on demand.
     virtual bool can_expand(ITreeNode* node) = 0;
+    /// A node has been closed, by a click or by `set_expanded`. Not told of one that closes with its last
+    /// child.
     virtual void collapsed(ITreeNode* node) = 0;
     /// The right button went down on a row.
     virtual void context_menu(ITreeNode* node) = 0;
