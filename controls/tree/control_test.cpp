@@ -6,6 +6,7 @@
 #include "controls/testing/tree_fixture.h"
 #include "scene/matrix.h"
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -221,6 +222,25 @@ TEST_F(tree_test, a_drag_starts_with_any_button_and_selects) {
     EXPECT_EQ("selection_changed none a, drag_begin a 36 8 1", told());
     press_at(on_a);
     EXPECT_EQ("drag_begin a 36 8 0", told());
+}
+
+TEST_F(tree_test, a_press_waits_for_a_drag_of_its_button_and_selects_unless_it_is_the_right_one) {
+    const struct {
+        mouse_button button;
+        const char* detected;
+        bool selects;
+    } cases[] = {{mouse_button::right, "drag_detect 50 26 1", false},
+                 {mouse_button::left, "drag_detect 50 26 0", true},
+                 {mouse_button::middle, "drag_detect 50 26 4", true},
+                 {mouse_button::extended, "drag_detect 50 26 5", true}};
+    for (const auto& [button, detected, selects] : cases) {
+        shown->select(r.get());
+        forget();
+        press_at(on_a, button);
+        const lines said = calls();
+        EXPECT_EQ(1, std::count(said.begin(), said.end(), detected)) << detected;
+        EXPECT_EQ(selects, a->is_selected()) << detected;
+    }
 }
 
 TEST_F(tree_test, the_expander_toggles_when_the_press_ends_on_it) {

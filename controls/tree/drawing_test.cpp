@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -89,6 +90,54 @@ TEST_F(tree_drawing_test, background_and_ink_show_the_state) {
         wanted.push_back("DrawTextLayout 1 1 layout " + system(ink) + " 0");
         EXPECT_EQ(wanted, painted_row());
     }
+}
+
+TEST_F(tree_drawing_test, a_row_is_hot_while_its_menu_is_open) {
+    const auto hot_rows = [&] {
+        const lines all = painted_row();
+        return std::count_if(all.begin(), all.end(), [](const std::string& line) {
+            return line.starts_with("FillGeometry") && line.ends_with(brush({0.9f, 0.9f, 1, 0.7f}));
+        });
+    };
+    std::ptrdiff_t meanwhile = 0;
+    pass_after("tree: context_menu a", [&] { meanwhile = hot_rows(); });
+    press_at(on_a, mouse_button::right);
+    EXPECT_EQ(1, meanwhile);
+    EXPECT_EQ(0, hot_rows()) << "the mouse has not been there";
+}
+
+TEST_F(tree_drawing_test, focus_of_a_node_in_the_content_is_the_trees) {
+    const auto fills = [&] {
+        lines all = painted_row();
+        std::erase_if(all, [](const std::string& line) { return !line.starts_with("FillGeometry"); });
+        for (auto& line : all) line = line.substr(line.find("brush("));
+        return all;
+    };
+    shown->select(a.get());
+    root->set_focus();
+    EXPECT_EQ(lines{system(COLOR_INACTIVECAPTION)}, fills());
+    const auto below = empty_below(content());
+    below->set_focus();
+    EXPECT_EQ(lines{system(COLOR_HIGHLIGHT)}, fills());
+    root->set_focus();
+    EXPECT_EQ(lines{system(COLOR_INACTIVECAPTION)}, fills());
+    content()->remove_child(below);
+}
+
+TEST_F(tree_drawing_test, the_mark_is_drawn_around_its_origin_and_icons_side_by_side) {
+    const auto bitmaps = [&] {
+        lines all = painted();
+        std::erase_if(all, [](const std::string& line) { return !line.starts_with("DrawBitmap"); });
+        return all;
+    };
+    // Behind the place: opacity, interpolation, and the part that is shown.
+    const std::string mark = "DrawBitmap bitmap(16 16) -6 -6 10 10 1 1 0 0 16 16";
+    EXPECT_EQ(lines{mark}, bitmaps()) << "in the middle of a box of 12 by 12";
+    r->set_icon(square({16, 16}, 0xFF0000FF).get());
+    r->set_state_icon(square({10, 16}, 0xFF00FF00).get());
+    EXPECT_EQ((lines{mark, "DrawBitmap bitmap(10 16) 0 0 10 16 1 1 0 0 10 16",
+                     "DrawBitmap bitmap(16 16) 10 0 26 16 1 1 0 0 16 16"}),
+              bitmaps());
 }
 
 TEST_F(tree_drawing_test, the_drag_image_holds_icon_and_text_side_by_side) {
