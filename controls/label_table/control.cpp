@@ -119,7 +119,7 @@ void control::drop_labels(int section, std::span<const std::shared_ptr<row>> of)
 }
 
 bool control::fits(std::size_t labels) const noexcept {
-    return rows.empty() ? columns.empty() || labels == columns.size(body) : labels == columns.size(body);
+    return (rows.empty() && columns.empty()) || labels == columns.size(body);
 }
 
 void control::add_row(sort_value value, row_key key, int section, std::initializer_list<ILabel*> labels) {
@@ -140,7 +140,9 @@ void control::put_row(std::size_t index, int section, std::shared_ptr<row> added
     const com::ptr<scene::INode> node = labels_of(section);
     const bool settles_columns = rows.empty() && columns.empty();
     sections<column> new_columns;
-    for (std::size_t i = 0; i < added->cells.size(); ++i) new_columns.append(body, {});
+    if (settles_columns) {
+        for (std::size_t i = 0; i < added->cells.size(); ++i) new_columns.append(body, {});
+    }
     rows.insert(section, index, added);
     if (settles_columns) columns = std::move(new_columns);
     try {

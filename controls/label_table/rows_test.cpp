@@ -1,6 +1,8 @@
 // Rows that come and go, what is refused, and where a layout puts them.
 
+#include "controls/testing/answers.h"
 #include "controls/testing/label_table_fixture.h"
+#include "d2d/ui/IScrollArea.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -31,6 +33,13 @@ protected:
         return of.node->get_parent();
     }
 };
+
+TEST_F(label_table_rows, are_of_a_table_that_answers_for_its_interfaces) {
+    EXPECT_TRUE(fakes::answers<ILabelTable>(table));
+    EXPECT_TRUE(fakes::answers<IControl>(table));
+    EXPECT_TRUE(fakes::answers<scene::layout::IElement>(table));
+    EXPECT_FALSE(fakes::answers<IScrollArea>(table));
+}
 
 TEST_F(label_table_rows, lie_in_columns_under_each_other) {
     fill(2);
@@ -264,6 +273,24 @@ TEST_F(label_table_rows, with_another_number_of_labels_are_refused) {
     table->clear();
     table->add_row(0, 2, body, {c});
     EXPECT_EQ(1u, table->get_row_count()) << "the first row settles the number anew";
+}
+
+TEST_F(label_table_rows, keep_their_number_of_labels_when_all_have_been_removed) {
+    const labels& made = make_labels(1);
+    const auto expect_two_wanted = [&] {
+        EXPECT_EQ("Wrong number of values for row",
+                  thrown_by([&] { table->add_row(0, 1, body, {made[0].get()}); }));
+        EXPECT_EQ("not expected", thrown_by([&] { table->insert_row(0, footer, 0, 1, {made[0].get()}); }));
+    };
+    add(2);
+    table->remove_row(0, body);
+    expect_two_wanted();
+    add(3);
+    table->clear_section(body);
+    expect_two_wanted();
+    add(4, footer);
+    lay_out();
+    EXPECT_EQ("36 2 56 12", place(4, 1));
 }
 
 TEST_F(label_table_rows, with_a_label_that_is_shown_elsewhere_are_refused_and_change_nothing) {
