@@ -7,6 +7,7 @@
 #include "scene/testing/metrics_text.h"
 #include "scene/testing/shown_view.h"
 
+#include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -18,6 +19,7 @@ using fakes::answers;
 using fakes::fake_label;
 using scene::fakes::same;
 using scene::fakes::text_of;
+using scene::fakes::thrown_by;
 namespace event_type = input::mouse::event_type;
 
 constexpr const char* frame = "frame 10.5 20.5 69.5 39.5 r 2.5:";
@@ -141,6 +143,16 @@ TEST_F(popup_options_test, only_the_left_button_beside_the_label_opens) {
     }
     press_at(beside_label);
     EXPECT_TRUE(is_open());
+}
+
+TEST_F(popup_options_test, a_press_on_what_has_just_left_its_view_fails_for_want_of_a_focus) {
+    root->add_mouse_handler([this](scene::INode*, int depth, input::mouse::event event) {
+        if (depth < 0 && event.type == event_type::button_down) root->remove_child(node());
+        return false;
+    });
+    EXPECT_EQ("not expected", thrown_by<std::runtime_error>([&] { press_at(beside_label); }));
+    EXPECT_FALSE(is_open());
+    root->add_mouse_handler(nullptr);
 }
 
 TEST_F(popup_options_test, a_scene_that_cannot_float_leaves_it_closed) {
