@@ -3,7 +3,9 @@
 #include "com/error.h"
 #include "controls/line_edit/colored_text_effect.h"
 #include "controls/line_edit/text_renderer.h"
+#include "controls/line_edit/text_visual.h"
 #include "controls/testing/line_edit_fixture.h"
+#include "scene/testing/forwarding_target.h"
 
 #include <cmath>
 #include <optional>
@@ -185,6 +187,17 @@ TEST_F(line_edit_drawing_test, caret_is_one_wide_and_as_high_as_the_line) {
     ASSERT_TRUE(fill);
     EXPECT_EQ(call_text("rectangle(0 0 1 " + call_text(line_height()) + ")"),
               scene::fakes::geometry_text(fill->geometry.get()));
+}
+
+TEST_F(line_edit_drawing_test, caret_is_as_high_as_the_first_of_several_lines) {
+    make(L"Harbour");
+    const std::string shape = "rectangle(0 0 1 " + call_text(line_height()) + ")";
+    make(L"Harbour\nlights");
+    focus();
+    ASSERT_EQ(1u, caret_node().background.size());
+    const auto* const fill = std::get_if<scene::fill_command>(&caret_node().background.front());
+    ASSERT_TRUE(fill);
+    EXPECT_EQ(shape, scene::fakes::geometry_text(fill->geometry.get()));
 }
 
 TEST_F(line_edit_drawing_test, caret_is_black_and_blinks_twice_a_second) {
@@ -405,6 +418,30 @@ TEST_F(text_renderer_test, tells_the_targets_transform_and_scale) {
     EXPECT_EQ(horizontal / 96, pixels);
 }
 
+/// A target of 144 dots per inch across and 120 down.
+class fine_target final : public scene::fakes::forwarding_target<ID2D1RenderTarget> {
+public:
+    explicit fine_target(ID2D1RenderTarget& forward_to) : forwarding_target(forward_to) {}
+    HRESULT STDMETHODCALLTYPE QueryInterface(const IID&, void** out) override {
+        *out = nullptr;
+        return E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    void STDMETHODCALLTYPE GetDpi(FLOAT* x, FLOAT* y) const override {
+        *x = 144;
+        *y = 120;
+    }
+};
+
+TEST_F(text_renderer_test, tells_the_scale_of_a_fine_target) {
+    fine_target fine(target);
+    line_edit::text_renderer on_it(fine, *brush);
+    float pixels = 0;
+    EXPECT_EQ(S_OK, on_it.GetPixelsPerDip(nullptr, &pixels));
+    EXPECT_EQ(1.5f, pixels);
+}
+
 TEST_F(text_renderer_test, draws_glyphs_alone) {
     EXPECT_EQ(E_NOTIMPL, renderer->DrawUnderline(nullptr, 0, 0, nullptr, nullptr));
     EXPECT_EQ(E_NOTIMPL, renderer->DrawStrikethrough(nullptr, 0, 0, nullptr, nullptr));
@@ -419,6 +456,19 @@ TEST_F(text_renderer_test, counts_no_references) {
     EXPECT_EQ(static_cast<IDWritePixelSnapping*>(&*renderer), found);
     EXPECT_EQ(E_NOINTERFACE, renderer->QueryInterface(com::guid_of<ID2D1RenderTarget>(), &found));
     EXPECT_EQ(nullptr, found);
+}
+
+TEST(text_visual_test, is_hit_inside_its_bounds_and_on_the_edges_left_and_above) {
+    const auto visual = com::create_object<line_edit::text_visual>(D2D_RECT_F{10, 20, 210, 42});
+    EXPECT_TRUE(same({10, 20, 210, 42}, visual->get_bounds()));
+    EXPECT_FALSE(visual->get_animation());
+    constexpr float tolerance = 1;  // counts for nothing
+    EXPECT_TRUE(visual->hit_test(10, 20, tolerance));
+    EXPECT_TRUE(visual->hit_test(209.5f, 41.5f, tolerance));
+    EXPECT_FALSE(visual->hit_test(9.5f, 30, tolerance));
+    EXPECT_FALSE(visual->hit_test(30, 19.5f, tolerance));
+    EXPECT_FALSE(visual->hit_test(210, 30, tolerance));
+    EXPECT_FALSE(visual->hit_test(30, 42, tolerance));
 }
 
 TEST(colored_text_effect_test, has_its_own_interface) {

@@ -157,6 +157,17 @@ TEST_F(line_edit_key_test, keys_of_a_node_below_are_not_the_edits) {
     own->remove_child(below);
 }
 
+/// Kept, other than with keys.
+TEST_F(line_edit_key_test, characters_of_a_node_below_are_the_edits) {
+    make_focused(L"Ha|bour");
+    const auto below = filled({0, 0, 5, 5}, own);
+    below->set_focus();
+    type(L"r");
+    EXPECT_EQ(L"Harbour", edit->get_text());
+    EXPECT_EQ(1, changes);
+    own->remove_child(below);
+}
+
 TEST_F(line_edit_key_test, owner_sees_the_arrows_up_and_down_behind_the_edit) {
     std::vector<std::uint32_t> seen;
     root->set_key_handler([&](scene::INode*, int depth, input::key::event event) {

@@ -231,6 +231,19 @@ TEST_F(line_edit_lifetime_test, failed_selection_is_made_up_for) {
     EXPECT_EQ(L"H[arb|]our", look());
 }
 
+TEST_F(line_edit_lifetime_test, selection_of_more_than_64_runs_fails_and_can_be_ended) {
+    std::wstring text;
+    for (int i = 0; i < 33; ++i) text += L"a \u05D0 ";  // left to right and back: two runs each
+    make(text.c_str());
+    focus();
+    press(VK_HOME);
+    EXPECT_EQ(E_NOT_SUFFICIENT_BUFFER, failure_of([&] { press(VK_END, shift); }));
+    EXPECT_EQ((lines{}), selection_figures());
+    press(VK_END);
+    type(L"b");
+    EXPECT_EQ(text + L"b", edit->get_text()) << "nothing was selected any more";
+}
+
 TEST_F(line_edit_lifetime_test, failed_effect_is_made_up_for) {
     make_focused(L"H|arbour");
     {
@@ -261,7 +274,9 @@ TEST_F(line_edit_lifetime_test, failed_click_moves_nothing) {
     make_focused(L"Ha|rbour");
     {
         const refused_layout_operation<fakes::hit_test_point> refused(a_layout());
+        root->set_focus();
         EXPECT_EQ(refused.failure, failure_of([&] { click_at({40, 30}); }));
+        EXPECT_TRUE(own->has_focus(false)) << "that comes first";
     }
     EXPECT_EQ(L"Ha|rbour", look());
 }
