@@ -43,7 +43,6 @@ public:
     std::function<void()> when_going;
     int materialized = 0;
     std::vector<RECT> placed;
-    std::function<void()> when_going;
 
 protected:
     ~stub_element() = default;
