@@ -3,6 +3,7 @@
 #include "controls/popup_options/option_list.h"
 #include "controls/testing/popup_options_fixture.h"
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -40,6 +41,7 @@ protected:
 };
 
 TEST_F(option_list_test, opens_above_the_control_with_a_row_for_each_option) {
+    labels[2]->brush = nullptr;  // a client has chosen another one
     press_at(beside_label);
     ASSERT_TRUE(is_open());
     EXPECT_EQ(frame + " focused, frame 10.5 20.5 69.5 75.5 r 2.5: focused, " + row + ", " + row + ", " + row,
@@ -96,6 +98,8 @@ TEST_F(option_list_test, release_chooses_the_row_under_the_pointer) {
         EXPECT_EQ(style->brush, labels[0]->brush);
         EXPECT_EQ(style->hot_brush, labels[2]->brush);
     });
+    const lines asked = service.site.take_calls();
+    EXPECT_EQ(1, std::count(asked.begin(), asked.end(), "drag_loop 20 30 0 1 0 0 1 0 0"));
     EXPECT_FALSE(is_open());
     EXPECT_EQ("change 3, " + frame + " focused", drawn());
     EXPECT_EQ(3, popup->get_selected());
