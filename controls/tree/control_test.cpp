@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -203,10 +204,21 @@ TEST_F(tree_test, presses_on_rows_and_expanders_go_no_further) {
 
 TEST_F(tree_test, a_press_on_the_background_only_takes_the_focus) {
     EXPECT_FALSE(content()->has_focus(true));
-    record(content(), {0, 0, 100, 100});
     press_at(beside);
     EXPECT_TRUE(content()->has_focus(false));
     EXPECT_EQ("", told());
+}
+
+TEST_F(tree_test, a_press_on_what_has_just_left_its_view_fails_for_want_of_a_focus) {
+    root->add_mouse_handler([this](scene::INode*, int depth, input::mouse::event event) {
+        if (depth < 0 && event.type == input::mouse::event_type::button_down) root->remove_child(own);
+        return false;
+    });
+    EXPECT_EQ("not expected", thrown_by<std::runtime_error>([&] { press_at(on_a); }));
+    root->add_mouse_handler(nullptr);
+    root->add_child(own);
+    EXPECT_EQ("", told());
+    EXPECT_FALSE(a->is_selected());
 }
 
 TEST_F(tree_test, a_right_press_asks_for_the_menu_and_selects_nothing) {
@@ -241,6 +253,31 @@ TEST_F(tree_test, a_press_waits_for_a_drag_of_its_button_and_selects_unless_it_i
         EXPECT_EQ(1, std::count(said.begin(), said.end(), detected)) << detected;
         EXPECT_EQ(selects, a->is_selected()) << detected;
     }
+}
+
+TEST_F(tree_test, a_press_on_an_icon_is_one_on_its_row) {
+    a->set_icon(scene::IBitmap::create({16, 16}, std::make_unique<unsigned[]>(256)).get());
+    press_at({36, 26});
+    EXPECT_EQ("selection_changed none a", told());
+    site.drag_detected = true;
+    press_at({37, 27});
+    EXPECT_EQ("drag_begin a 23 9 0", told()) << "in the space of the row all the same";
+}
+
+TEST_F(tree_test, does_its_work_without_a_handler) {
+    shown->set_handler(nullptr);
+    press_at(on_a, mouse_button::right);
+    EXPECT_FALSE(a->is_selected());
+    site.drag_detected = true;
+    press_at(on_a);
+    EXPECT_TRUE(a->is_selected());
+    press_at(on_expander);
+    EXPECT_FALSE(r->is_expanded());
+    EXPECT_EQ(1u, rows());
+    press_at(on_expander);
+    EXPECT_TRUE(r->is_expanded());
+    EXPECT_EQ(3u, rows());
+    EXPECT_EQ("", told());
 }
 
 TEST_F(tree_test, the_expander_toggles_when_the_press_ends_on_it) {

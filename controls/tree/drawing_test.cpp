@@ -92,6 +92,12 @@ TEST_F(tree_drawing_test, background_and_ink_show_the_state) {
     }
 }
 
+TEST_F(tree_drawing_test, text_has_the_font_of_the_titles_of_icons) {
+    LOGFONTW font{};
+    ASSERT_TRUE(SystemParametersInfoW(SPI_GETICONTITLELOGFONT, sizeof font, &font, 0));
+    EXPECT_EQ(scene::ITextFormat::get(font), shown->get_view().look().text_format);
+}
+
 TEST_F(tree_drawing_test, a_row_is_hot_while_its_menu_is_open) {
     const auto hot_rows = [&] {
         const lines all = painted_row();
