@@ -21,12 +21,15 @@ struct IBasicHwndPanel : IPanel {
     /// first. Throws when it cannot; what a materialization throws passes on, too, and there is no window
     /// then.
     virtual HWND create_window(DWORD ex_style, const wchar_t* title, DWORD style, HWND parent) = 0;
+    /// Does nothing without a window. Native controls go with it, and come with the next one; on the scene
+    /// the content stays.
     virtual void destroy_window() = 0;
     /// For the message loop, ahead of the dispatch: true when the message served the navigation among the
     /// controls.
     virtual bool translate_message(MSG message) = 0;
 };
 
+/// What a client gives the window, and reads of it.
 struct IHwndPanel : IBasicHwndPanel {
     /// Sizes of the window with its frame, as of the latest `measure`.
     struct window_sizes {
@@ -38,8 +41,10 @@ struct IHwndPanel : IBasicHwndPanel {
     /// The least distances between the window's edges and the content: lengths in pixels or by
     /// `font_percent`. Takes effect at the next `measure`.
     virtual void set_padding(int left, int top, int right, int bottom) = 0;
+    /// All zero ahead of the first `measure`.
     virtual window_sizes get_window_sizes() = 0;
     /// Called when the user closes the window, which does not close by itself then. May release the panel.
+    /// Without a handler a native panel stays, and one on the scene posts `WM_QUIT`.
     virtual void set_on_close(std::function<void()> handler) = 0;
 };
 

@@ -36,7 +36,9 @@ struct IModalService : IUnknown {
 
     struct popup_details {
         com::ptr<ILayout> content;
+        /// Called when the controls are there, ahead of the first show: the time to set texts. May be empty.
         std::function<void()> on_created;
+        /// Called with false when the popup is hidden, while its controls are still there. May be empty.
         std::function<void(bool)> on_result;
         RECT anchor;  ///< on the screen
         popup_side side;
