@@ -128,9 +128,13 @@ TEST_F(cell_edit_loops, dispatch_what_is_not_theirs) {
 
 TEST_F(cell_edit_loops, pass_on_the_end_of_the_program) {
     post_action([&] { PostQuitMessage(17); });
+    MSG quit{};
+    on_taken = [&] {
+        EXPECT_TRUE(PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE))
+            << "a loop in here ends, too";
+    };
     select_and_press(1, 0);
     EXPECT_THAT(events, ElementsAre("asked 1.0", "took a1", "kept 1"));
-    MSG quit{};
     ASSERT_TRUE(PeekMessageW(&quit, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(quit.message, static_cast<UINT>(WM_QUIT));
     EXPECT_EQ(quit.wParam, 17u);
@@ -168,7 +172,7 @@ TEST_F(cell_edit_loops, are_not_there_for_a_press_beside_the_text_of_a_cell) {
     ASSERT_EQ(ask(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit)), 1);
     ASSERT_EQ(hit.flags & LVHT_ONITEMLABEL, 0u) << "a box is there";
     PostMessageW(window, WM_LBUTTONUP, 0, 0);  // the list waits for it by itself
-    post_key(VK_ESCAPE);  // would end the loop
+    post_key(VK_ESCAPE);                       // would end the loop
     ask(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(hit.pt.x, hit.pt.y));
     EXPECT_THAT(events, IsEmpty());
     test_support::pump_until_idle();

@@ -67,6 +67,13 @@ TEST_F(list_view, takes_widths_in_pixels_and_in_parts_of_the_font_s_height) {
     EXPECT_THAT(list->get_column_widths(), ElementsAre(70, 6 * font_height, font_height / 2, 0));
 }
 
+TEST_F(list_view, gives_a_column_its_width_where_it_comes_to_stand) {
+    add_columns({L"a", L"b"}, 40);
+    list->add_column(L"last", 99, 70);
+    EXPECT_EQ(caption(2), L"last");
+    EXPECT_THAT(list->get_column_widths(), ElementsAre(40, 40, 70));
+}
+
 TEST_F(list_view, takes_sixteen_bits_of_a_width) {
     list->add_column(L"cut", 0, 0x20000 + 30);
     EXPECT_THAT(list->get_column_widths(), ElementsAre(30));
