@@ -18,8 +18,8 @@ void native_content::show(HWND parent, IPanel* panel) {
 }
 
 void native_content::hide(HWND parent, IPanel* panel) {
+    if (!shown) return;  // what failed never stood here, and may stand elsewhere by now
     shown.reset();
-    if (!layout) return;
     hwnd_materialization_context_impl context(parent, panel);
     com::ptr<IMaterializableElement>(layout.get())->dematerialize(context);
 }

@@ -1,5 +1,6 @@
 // The window that native controls stand in.
 
+#include "com/error.h"
 #include "com/object.h"
 #include "portable/panel_class.h"
 #include "portable/testing/native_panel_fixture.h"
@@ -17,6 +18,7 @@
 #include "win32/scope_exit.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace ui::mossHarbour {
 namespace {
@@ -164,6 +166,50 @@ TEST_F(native_panel, keeps_a_content_that_failed_and_shows_nothing_of_it) {
     EXPECT_THAT([&] { panel->set_content(stack); }, ThrowsMessage<std::runtime_error>("refused"));
     EXPECT_TRUE(panel->set_content(nullptr) == stack);
     EXPECT_EQ(content->materialized, 0);
+}
+
+TEST_F(native_panel, leaves_a_content_that_failed_alone_where_it_stands_now) {
+    const auto label = create_label_control();
+    const auto content = stub();
+    const auto stack = stack_of({label, content});
+    create_window();
+    content->is_refusing = true;
+    EXPECT_THAT([&] { panel->set_content(stack); }, ThrowsMessage<std::runtime_error>("refused"));
+    content->is_refusing = false;
+    const auto other = create_win32_hwnd_panel(nullptr);
+    other->set_content(stack);
+    const HWND theirs = other->create_window(0, L"other", WS_POPUP, nullptr);
+    EXPECT_TRUE(panel->set_content(nullptr) == stack);
+    EXPECT_EQ(content->materialized, 1);
+    label->set_text(L"still there");
+    EXPECT_EQ(children_of(theirs).size(), 1u);
+}
+
+/// Cannot be materialized.
+class plain_layout : public com::base_object<com::object_base, ILayout> {
+protected:
+    ~plain_layout() = default;
+};
+
+TEST_F(native_panel, gives_up_a_content_that_has_no_form_at_all) {
+    const com::ptr<ILayout> plain(com::create_object<plain_layout>().get());
+    const auto expect_refused = [](const std::function<void()>& show) {
+        try {
+            show();
+            ADD_FAILURE() << "nothing thrown";
+        } catch (const com::error& failure) {
+            EXPECT_EQ(failure.hresult, E_NOINTERFACE);
+        }
+    };
+    create_window();
+    expect_refused([&] { panel->set_content(plain); });
+    EXPECT_TRUE(panel->set_content(nullptr) == plain);
+    expect_refused([&] { panel->set_content(plain); });
+    panel->destroy_window();
+    expect_refused([&] { create_window(); });
+    EXPECT_EQ(window(), nullptr);
+    panel.reset();
+    panel = create_win32_hwnd_panel(nullptr);
 }
 
 TEST_F(native_panel, measures_and_places_a_new_content_where_it_is_visible) {
