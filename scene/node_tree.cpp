@@ -6,9 +6,9 @@
 #include "scene/tree_walk.h"
 #include "scene/view.h"
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace d2d::scene {
 namespace {
@@ -21,6 +21,21 @@ void count_animation(node* at, int change) noexcept {
         at->animated_nodes += change;
         if (at->counts_as_animated() == before) return;
     }
+}
+
+/// Where a child stands, or the end. Looked for from both ends: rows that go one by one begin at either.
+std::vector<com::ptr<node>>::iterator find_child(std::vector<com::ptr<node>>& children,
+                                                 const node& wanted) noexcept {
+    auto first = children.begin();
+    auto last = children.end();
+    while (first != last) {
+        if (first->get() == &wanted) return first;
+        ++first;
+        if (first == last) break;
+        --last;
+        if (last->get() == &wanted) return last;
+    }
+    return children.end();
 }
 
 com::ptr<node> expected_node(const com::ptr<INode>& given) {
@@ -60,13 +75,11 @@ bool node::remove_child(com::ptr<INode> child) {
     // The view has let go of a child already when a handler hears that its parent is leaving.
     const bool is_shown = removed->view != nullptr;
     if (is_shown && removed->view != view) throw std::logic_error("unexpected");
-    if (std::find(children.begin(), children.end(), removed) == children.end()) {
-        throw std::logic_error("not a child");
-    }
+    if (find_child(children, *removed) == children.end()) throw std::logic_error("not a child");
     view::removal shown;
     if (is_shown) shown = view::leave(*removed);
     // Looked for again: handlers that heard of the leaving may have changed the list.
-    const auto place = std::find(children.begin(), children.end(), removed);
+    const auto place = find_child(children, *removed);
     if (place != children.end()) {
         removed->parent = nullptr;
         children.erase(place);

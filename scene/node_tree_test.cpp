@@ -42,6 +42,23 @@ TEST_F(node_tree, children_stand_in_the_order_of_their_adding) {
     EXPECT_EQ((std::vector<const INode*>{a.get(), c.get(), b.get()}), children_of(root));
 }
 
+TEST_F(node_tree, child_is_removed_wherever_it_stands) {
+    for (std::size_t count = 1; count <= 6; ++count) {
+        for (std::size_t place = 0; place < count; ++place) {
+            const auto parent = empty_below(root);
+            std::vector<com::ptr<INode>> children;
+            for (std::size_t i = 0; i < count; ++i) children.push_back(empty_below(parent));
+            EXPECT_TRUE(parent->remove_child(children[place]));
+            EXPECT_EQ(nullptr, children[place]->get_parent());
+            std::vector<const INode*> left;
+            for (std::size_t i = 0; i < count; ++i) {
+                if (i != place) left.push_back(children[i].get());
+            }
+            EXPECT_EQ(left, children_of(parent)) << place << " of " << count;
+        }
+    }
+}
+
 TEST_F(node_tree, adding_what_cannot_be_added_changes_nothing) {
     const auto child = empty_below(root);
     const auto grandchild = empty_below(child);
