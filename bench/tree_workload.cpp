@@ -67,6 +67,17 @@ void run_toggle(scene_fixture& scene, const char* name, std::size_t rows) {
     });
 }
 
+/// Expands and collapses a root with many children.
+void run_toggle_root(scene_fixture& scene, const char* name, std::size_t rows) {
+    if (!selected(name)) return;
+    shown_tree tree(scene);
+    for (std::size_t k = 0; k < rows; ++k) tree.root->add_child(make_node("row").get());
+    measure(name, rows, [&] {
+        tree.root->set_expanded(false);
+        tree.root->set_expanded(true);
+    });
+}
+
 /// Selects two rows in turn.
 void run_select(scene_fixture& scene, const char* name, std::size_t rows) {
     if (!selected(name)) return;
@@ -89,6 +100,8 @@ void run_tree_workloads() {
     run_fill(scene, "tree_fill", 10'000);
     run_toggle(scene, "tree_toggle_1000", 1'000);
     run_toggle(scene, "tree_toggle", 10'000);
+    run_toggle_root(scene, "tree_toggle_root_1000", 1'000);
+    run_toggle_root(scene, "tree_toggle_root", 10'000);
     run_select(scene, "tree_select_1000", 1'000);
     run_select(scene, "tree_select", 10'000);
 }

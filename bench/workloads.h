@@ -24,7 +24,7 @@ void run_button_workloads();
 void run_line_edit_workload();
 /// Filling, sorting and selecting in a table.
 void run_table_workloads();
-/// Filling a tree view, expanding in it and selecting.
+/// Filling a tree view, expanding and collapsing in it, and selecting.
 void run_tree_workloads();
 /// Portable layouts: a stack, and a grid.
 void run_portable_workloads();

@@ -19,7 +19,7 @@ node& node::from(ITreeNode* given) {
 node::~node() {
     const scene_nodes dropped = forget_rows();
     for (const auto& child : children) child->parent = nullptr;
-    for (const auto& row : dropped) detach_node(*row);
+    detach_rows(dropped);
 }
 
 void node::set_icon(scene::IBitmap* new_icon) {

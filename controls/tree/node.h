@@ -76,6 +76,7 @@ private:
     [[nodiscard]] scene_nodes forget_rows();
     void forget_rows(scene_nodes& shown);
     void collect_rows(scene_nodes& shown) const;
+    static void detach_rows(const scene_nodes& shown);
     void hide_children();
     void make_layout();
     void update_expander();
