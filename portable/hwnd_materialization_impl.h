@@ -42,7 +42,11 @@ public:
 
 protected:
     hwnd_materialization_impl() = default;
-    ~hwnd_materialization_impl() = default;
+    /// A facade that is materialized twice leaves its first form without a word: no window may know what is
+    /// gone.
+    ~hwnd_materialization_impl() {
+        if (window) destroy();
+    }
 
     // Nothing to do for many.
     void connect() {}

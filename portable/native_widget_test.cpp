@@ -320,6 +320,22 @@ TEST_F(native_widget, of_a_group_box_is_taken_back_when_its_content_fails) {
     label->set_text(L"x");
 }
 
+TEST_F(native_widget, that_its_facade_has_left_for_another_takes_its_window_along) {
+    const HWND parent = create_window();
+    const auto other = create_win32_hwnd_panel(nullptr);
+    const HWND others = other->create_window(0, L"other", WS_POPUP, nullptr);
+    for (const auto& [element, kind, style, ex_style] : every_kind()) {
+        const HWND left = show({element}).front();
+        other->set_content(stack_of({element}));
+        EXPECT_EQ(children_of(others).size(), 1u) << kind;
+        panel->set_content(nullptr);  // the facade knows its latest form alone
+        EXPECT_FALSE(IsWindow(left)) << kind;
+        EXPECT_THAT(children_of(parent), IsEmpty()) << kind;
+        other->set_content(nullptr);
+        EXPECT_THAT(children_of(others), IsEmpty()) << kind;
+    }
+}
+
 TEST_F(native_widget, leaks_nothing_over_many_lives) {
     const auto group = create_group_box_control();
     group->set_content(

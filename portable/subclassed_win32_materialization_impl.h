@@ -22,7 +22,7 @@ public:
 
 protected:
     subclassed_win32_materialization_impl() = default;
-    ~subclassed_win32_materialization_impl() = default;
+    ~subclassed_win32_materialization_impl() { disconnect(); }
 
     /// A message of the window. Empty: it goes on to the window's own procedure.
     virtual std::optional<LRESULT> window_proc(HWND window, UINT message, WPARAM wparam, LPARAM lparam) = 0;
