@@ -9,10 +9,8 @@
 #include "portable/toolkit_font.h"
 #include "support/sent_messages.h"
 #include "ui/mossHarbour/IEditControl.h"
-#include "ui/mossHarbour/IFileSelectionService.h"
 #include "ui/mossHarbour/IGridLayout.h"
 #include "ui/mossHarbour/ILabelControl.h"
-#include "ui/mossHarbour/IModalService.h"
 #include "ui/mossHarbour/IPushButtonControl.h"
 #include "win32/module.h"
 #include "win32/scope_exit.h"
@@ -295,6 +293,19 @@ TEST_F(native_panel, keeps_what_has_no_limit_without_one_on_each_axis) {
     EXPECT_EQ(limits.ptMinTrackSize.y, sizes.minimum.cy);
 }
 
+TEST_F(native_panel, measures_its_frame_as_it_is_now) {
+    create_window();
+    panel->set_content(stack_of({stub()}));
+    SetWindowLongW(window(), GWL_STYLE, static_cast<LONG>(WS_POPUP));
+    panel->measure();
+    expect_size(panel->get_window_sizes().preferred, {100 + 1 + 3, 120 + 2 + 4});
+    SetWindowLongW(window(), GWL_EXSTYLE, WS_EX_CLIENTEDGE);
+    panel->measure();
+    const LONG edges_across = 2 * GetSystemMetrics(SM_CXEDGE);
+    const LONG edges_down = 2 * GetSystemMetrics(SM_CYEDGE);
+    expect_size(panel->get_window_sizes().preferred, {104 + edges_across, 126 + edges_down});
+}
+
 TEST_F(native_panel, has_a_frame_around_what_is_beyond_no_limit) {
     create_window();
     const auto grid = create_grid_layout();
@@ -428,58 +439,6 @@ TEST_F(native_panel, translates_no_message_without_a_window) {
     EXPECT_FALSE(panel->translate_message(message));
     message.hwnd = window();
     EXPECT_TRUE(panel->translate_message(message));
-}
-
-// -- services
-// -------------------------------------------------------------------------------------------------
-
-/// Answers for one service, with the panel's own face, and writes down what it is asked.
-class stub_provider : public com::base_object<com::object_base, IServiceProvider> {
-public:
-    HRESULT STDMETHODCALLTYPE QueryService(const GUID& service, const GUID& iid, void** result) override {
-        ++asked;
-        if (!com::same_guid(service, com::guid_of<IServiceProvider>())) return E_ACCESSDENIED;
-        return QueryInterface(iid, result);
-    }
-
-    int asked = 0;
-
-protected:
-    ~stub_provider() = default;
-};
-
-TEST_F(native_panel, offers_its_dialogs_as_services) {
-    for (const GUID& service : {com::guid_of<IModalService>(), com::guid_of<IFileSelectionService>()}) {
-        com::ptr<IModalService> modal;
-        EXPECT_EQ(panel->QueryService(service, com::guid_of<IModalService>(), modal.put_void()), S_OK);
-        EXPECT_TRUE(modal == com::ptr<IModalService>(panel.get()));
-        com::ptr<IFileSelectionService> files;
-        EXPECT_EQ(panel->QueryService(service, com::guid_of<IFileSelectionService>(), files.put_void()),
-                  S_OK);
-        EXPECT_TRUE(files);
-        com::ptr<ILayout> layout;
-        EXPECT_EQ(panel->QueryService(service, com::guid_of<ILayout>(), layout.put_void()), E_NOINTERFACE);
-    }
-    com::ptr<IPanel> none;
-    EXPECT_EQ(panel->QueryService(com::guid_of<IPanel>(), com::guid_of<IPanel>(), none.put_void()), E_FAIL);
-}
-
-TEST_F(native_panel, asks_its_provider_first) {
-    const auto provider = com::create_object<stub_provider>();
-    panel = create_win32_hwnd_panel(provider.get());
-    com::ptr<IServiceProvider> found;
-    EXPECT_EQ(panel->QueryService(com::guid_of<IServiceProvider>(), com::guid_of<IServiceProvider>(),
-                                  found.put_void()),
-              S_OK);
-    EXPECT_TRUE(found == com::ptr<IServiceProvider>(provider.get()));
-    EXPECT_EQ(provider->asked, 1);
-    com::ptr<IModalService> modal;
-    EXPECT_EQ(
-        panel->QueryService(com::guid_of<IModalService>(), com::guid_of<IModalService>(), modal.put_void()),
-        S_OK);
-    EXPECT_EQ(provider->asked, 2);
-    EXPECT_EQ(panel->QueryService(com::guid_of<IPanel>(), com::guid_of<IPanel>(), found.put_void()),
-              E_ACCESSDENIED);
 }
 
 }  // namespace
