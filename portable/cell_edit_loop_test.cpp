@@ -310,6 +310,13 @@ TEST_F(cell_edit_loops, end_without_a_word_when_the_list_goes_by_another_message
     EXPECT_THAT(events, ElementsAre("asked 1.0")) << "a text that nobody sees any more is not taken";
 }
 
+TEST_F(cell_edit_loops, end_without_a_word_when_their_windows_are_destroyed) {
+    post_action([&] { DestroyWindow(panel->get_window_handle()); });
+    select_and_press(1, 0);
+    EXPECT_THAT(events, ElementsAre("asked 1.0")) << "an empty text would be taken";
+    EXPECT_FALSE(IsWindow(window));
+}
+
 TEST_F(cell_edit_loops, end_without_a_word_when_the_list_goes_as_the_text_is_taken) {
     for (const int key : {VK_TAB, VK_RETURN}) {
         events.clear();

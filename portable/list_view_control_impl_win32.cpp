@@ -290,6 +290,9 @@ std::optional<LRESULT> win32_materialization::window_proc(HWND, UINT message, WP
             return on_notify(reinterpret_cast<NMHDR*>(lparam));
         case WM_LBUTTONDOWN:
             return press({GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
+        case WM_DESTROY:  // with a window that it is in: its widget stays for now
+            if (edit_loop) edit_loop->abandon();
+            return {};
         default:
             return {};
     }
