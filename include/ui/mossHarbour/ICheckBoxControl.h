@@ -11,6 +11,7 @@ namespace ui::mossHarbour {
 
 /// A mark that is set and removed.
 struct ICheckBoxControl : IWidget {
+    /// What stands beside the mark.
     virtual void set_text(const wchar_t* text) = 0;
     virtual bool is_checked() = 0;
     /// Does not call the handler.

@@ -9,6 +9,8 @@ namespace ui::mossHarbour {
 
 /// A panel without a window: a node for a client's own scene. `measure` and `arrange` need a content.
 struct ID2DScenePanel : IPanel {
+    /// What the content is shown below, the same for as long as the panel lives. The client puts it into its
+    /// scene. When a content goes, all children of the node go, also those that the client has added.
     virtual com::ptr<d2d::scene::INode> get_node() = 0;
     /// Measures the content, and remembers what comes out.
     virtual element_metrics measure() = 0;

@@ -11,11 +11,12 @@ namespace ui::mossHarbour {
 
 /// A field for one line of text.
 struct IEditControl : IWidget {
+    /// Does not call the handler.
     virtual void set_text(const wchar_t* text) = 0;
     /// Copies the text to `buffer`, which has room for `capacity` units; text that is too long is cut. Ends
     /// with a zero.
     virtual void get_text(wchar_t* buffer, int capacity) = 0;
-    /// Called when the user has changed the text. On the scene it is not called yet.
+    /// Called when the user has changed the text. On the scene it is never called.
     virtual void set_on_changed(std::function<void(IPanel*)> handler) = 0;
 };
 

@@ -9,6 +9,7 @@ namespace ui::mossHarbour {
 
 /// A frame with a caption around a layout.
 struct IGroupBoxControl : IWidget {
+    /// The caption. On the scene it does not show.
     virtual void set_text(const wchar_t* text) = 0;
     /// The least distances between the frame and the content: lengths in pixels or by `font_percent`. Part of
     /// the description.

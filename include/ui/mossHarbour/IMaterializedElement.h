@@ -8,6 +8,7 @@ namespace ui::mossHarbour {
 
 /// What stands on the screen for an element.
 struct IMaterializedElement : IUnknown {
+    /// What it wants, with the texts and contents that it has now.
     virtual element_metrics measure(measure_context& context) = 0;
     /// Places it, in pixels of the parent window or scene node. A layout needs a `measure` ahead.
     virtual void arrange(int left, int top, int right, int bottom) = 0;

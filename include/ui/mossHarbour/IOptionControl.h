@@ -11,9 +11,11 @@ namespace ui::mossHarbour {
 
 /// A choice of one among several. It has no form on the scene.
 struct IOptionControl : IWidget {
+    /// Appends a choice.
     virtual void add_option(const wchar_t* text) = 0;
     /// By number, from 0; -1 for none. Does not call the handler.
     virtual void select_option(int index) = 0;
+    /// The number of what is chosen, -1 for none.
     virtual int get_selection() = 0;
     /// Called when the user has chosen.
     virtual void set_on_selection_changed(std::function<void(IPanel*)> handler) = 0;

@@ -12,7 +12,9 @@ namespace ui::mossHarbour {
 /// A button that does something.
 struct IPushButtonControl : IWidget {
     virtual void set_text(const wchar_t* text) = 0;
+    /// A button that is not enabled does not react to the user. Each new form of it is enabled.
     virtual void set_enabled(bool enabled) = 0;
+    /// Called when the user has pressed the button. May take the button away.
     virtual void set_on_click(std::function<void(IPanel*)> handler) = 0;
 };
 

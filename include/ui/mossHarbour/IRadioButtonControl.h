@@ -11,10 +11,12 @@ namespace ui::mossHarbour {
 
 /// One of several that exclude each other.
 struct IRadioButtonControl : IWidget {
+    /// What stands beside the mark.
     virtual void set_text(const wchar_t* text) = 0;
     /// Does not call the handler.
     virtual void set_checked(bool checked) = 0;
     virtual bool is_checked() = 0;
+    /// Called when the user has chosen the button. May take it away.
     virtual void set_on_click(std::function<void(IPanel*)> handler) = 0;
 };
 

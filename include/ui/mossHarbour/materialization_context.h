@@ -17,6 +17,7 @@ public:
     /// materialized the specified element!" for a kind that has no form here.
     virtual com::ptr<IMaterializedElement> materialize(const std::type_info& facade_type,
                                                        IMaterializableElement* element) = 0;
+    /// Takes `live`, which stands for `element`, away again.
     virtual void dematerialize(IMaterializableElement* element, IMaterializedElement* live) = 0;
 
 protected:
