@@ -5,7 +5,6 @@
 
 #include <stdexcept>
 #include <typeinfo>
-#include <utility>
 
 namespace ui::mossHarbour {
 
@@ -26,8 +25,9 @@ public:
     void dematerialize(materialization_context& context) override {
         if (!materialization) return;
         const com::ptr<IMaterializableElement> keep = this;  // the form may hold the last reference
-        const auto former = std::exchange(materialization, nullptr);
-        context.dematerialize(this, former.get());
+        const auto former = materialization;
+        context.dematerialize(this, former.get());  // whoever hears of it may still ask the form
+        if (materialization == former) materialization.reset();
     }
 
 protected:

@@ -134,12 +134,14 @@ public:
         return made;
     }
     void dematerialize(IMaterializableElement*, IMaterializedElement* live) override {
+        if (when_taken_away) when_taken_away();
         static_cast<Form&>(*live).facade.reset();
         ++taken_away;
     }
 
     const std::type_info* asked_for = nullptr;
     int taken_away = 0;
+    std::function<void()> when_taken_away;
 };
 
 class facades : public test_support::leak_checked_test {
@@ -358,6 +360,51 @@ TEST_F(facades, of_radio_buttons_know_whether_they_begin_a_group) {
         const auto button = create_radio_button_control(first);
         EXPECT_EQ(com::ptr<radio_button_control_impl::facade>(button.get())->is_group_start(), first);
     }
+}
+
+TEST_F(facades, have_their_form_until_it_is_taken_away) {
+    const auto box = create_group_box_control();
+    const com::ptr<IMaterializableElement> element(box.get());
+    stub_context<group_box_form> context;
+    element->materialize(context);
+    context.when_taken_away = [&] {
+        box->set_text(L"last");
+        EXPECT_THAT([&] { box->set_padding(1, 2, 3, 4); },
+                    ThrowsMessage<std::logic_error>(already_materialized));
+    };
+    element->dematerialize(context);
+    EXPECT_THAT(calls, ElementsAre(L"text last"));
+    EXPECT_THAT([&] { box->set_text(L"a"); }, ThrowsMessage<std::logic_error>(not_materialized));
+}
+
+TEST_F(facades, keep_a_form_that_could_not_be_taken_away) {
+    const auto label = create_label_control();
+    const com::ptr<IMaterializableElement> element(label.get());
+    stub_context<label_form> context;
+    element->materialize(context);
+    context.when_taken_away = [] { throw std::runtime_error("not now"); };
+    EXPECT_THAT([&] { element->dematerialize(context); }, ThrowsMessage<std::runtime_error>("not now"));
+    label->set_text(L"a");
+    context.when_taken_away = nullptr;
+    element->dematerialize(context);
+    EXPECT_EQ(context.taken_away, 1);
+    EXPECT_THAT([&] { label->set_text(L"b"); }, ThrowsMessage<std::logic_error>(not_materialized));
+}
+
+TEST_F(facades, may_come_again_while_their_form_is_taken_away) {
+    const auto label = create_label_control();
+    const com::ptr<IMaterializableElement> element(label.get());
+    stub_context<label_form> context;
+    element->materialize(context);
+    context.when_taken_away = [&] {
+        context.when_taken_away = nullptr;
+        element->materialize(context);
+    };
+    element->dematerialize(context);
+    label->set_text(L"second");
+    EXPECT_THAT(calls, ElementsAre(L"text second"));
+    element->dematerialize(context);
+    EXPECT_EQ(context.taken_away, 2);
 }
 
 TEST_F(facades, refuse_a_form_of_another_kind_and_stay_as_they_were) {

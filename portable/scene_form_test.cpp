@@ -248,6 +248,22 @@ TEST_F(scene_controls, may_be_taken_away_by_their_own_handler) {
     EXPECT_THAT(told, ElementsAre("pressed"));
 }
 
+TEST_F(scene_controls, can_be_read_by_who_hears_that_they_go) {
+    const auto edit = create_edit_control();
+    show_rows({edit});
+    edit->set_text(L"Pier");
+    wchar_t text[8] = L"";
+    bool bounds_left = true;
+    const auto token = panel->get_node()->add_bounds_handler([&](bool valid, D2D_RECT_F) {
+        bounds_left = valid;
+        edit->get_text(text, 8);
+    });
+    panel->set_content(nullptr);
+    EXPECT_FALSE(bounds_left);
+    EXPECT_STREQ(text, L"Pier");
+    panel->get_node()->remove_bounds_handler(token);
+}
+
 struct written_text {
     const char* name;
     const wchar_t* text;
