@@ -302,6 +302,29 @@ TEST_F(scene_materialization, cannot_take_away_what_is_no_form_of_the_scene) {
     }
 }
 
+TEST_F(scene_materialization, of_each_kind_holds_its_facade_until_it_ends) {
+    const com::ptr<IElement> facades[] = {create_label_control(),       create_edit_control(),
+                                          create_check_box_control(),   create_radio_button_control(true),
+                                          create_push_button_control(), create_group_box_control()};
+    std::size_t kind = 0;
+    register_scene_widgets([&](const std::type_info&, com::ptr<ID2dWidget> (*make)()) {
+        const auto& facade = facades[kind++];
+        const auto references = [&] {
+            facade->AddRef();
+            return facade->Release();
+        };
+        const auto widget = make();
+        d2d_materialization_context_impl context(panel->get_node().get(), panel.get());
+        widget->materialize(context, facade.get());
+        EXPECT_EQ(references(), 2u) << kind;
+        EXPECT_EQ(shown_nodes(), 1u) << kind;
+        widget->dematerialize(context, facade.get());
+        EXPECT_EQ(references(), 1u) << kind;
+        EXPECT_EQ(shown_nodes(), 0u) << kind;
+    });
+    EXPECT_EQ(kind, std::size(facades));
+}
+
 TEST_F(scene_materialization, of_a_group_box_cannot_measure_without_its_facade) {
     const auto widget = group_box_control_impl::make_d2d_widget();
     const com::ptr<IMaterializedElement> live(widget.get());

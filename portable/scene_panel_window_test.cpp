@@ -364,6 +364,8 @@ TEST_F(scene_panel_window, asks_its_handler_to_close) {
     EXPECT_EQ(SendMessageW(handle(), WM_CLOSE, 0, 0), 0);
     EXPECT_EQ(asked, 1);
     EXPECT_TRUE(IsWindow(handle()));
+    MSG message{};
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     panel->set_on_close([&] { panel->destroy_window(); });
     const HWND window = handle();
     SendMessageW(window, WM_CLOSE, 0, 0);
