@@ -88,7 +88,8 @@ struct ILabelTable : IControl {
     virtual void end_update() = 0;
 };
 
-/// An empty table. Null stands for the default style.
+/// An empty table with an empty rectangle; null takes the default style. Throws `com::error` when the style
+/// has no looks for scroll areas.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<ILabelTable> create_label_table(IStyle* style);
 
 }  // namespace d2d::ui

@@ -7,10 +7,12 @@ namespace d2d::ui {
 
 /// How popup options and their open list look.
 struct IPopupOptionsStyle : IStyle {
+    /// `hot`: the drag that chooses is over the label's row.
     virtual com::ptr<scene::IBrush> label_brush(bool enabled, bool hot) = 0;
+    /// The frame of the closed control, or of the list: that one is focused and never hot.
     virtual void draw_frame(scene::IDrawingContext* context, ID2D1Geometry* shape, bool hot,
                             bool focused) = 0;
-    /// One row of the list.
+    /// One row of the list. `hot`: the mouse is over it; `down`: the drag that chooses is.
     virtual void draw_option(scene::IDrawingContext* context, ID2D1Geometry* shape, bool hot, bool down) = 0;
 };
 
