@@ -133,6 +133,25 @@ TEST_P(seen_native_dialog, keeps_half_a_line_between_its_buttons) {
     }
 }
 
+TEST_P(seen_native_dialog, has_a_narrow_content_in_the_middle_above_its_buttons) {
+    const auto button = create_push_button_control();
+    auto details = plain(dialog_buttons::ok_cancel);
+    details.content = client_test::fixed(button, 20, 30);
+    details.on_created = [&] { button->set_text(L"go"); };
+    RECT content{};
+    SIZE client{};
+    show_and_look(details, [&](HWND window) {
+        content = place_of(window, L"go");
+        client = client_size(window);
+    });
+    const LONG room = client.cx - 2 * em;
+    EXPECT_GT(room, 20);
+    EXPECT_EQ(content.left, em + (room - 20) / 2);
+    EXPECT_EQ(content.right, content.left + 20);
+    EXPECT_EQ(content.top, em);
+    EXPECT_EQ(content.bottom, em + 30);
+}
+
 TEST_P(seen_native_dialog, gives_buttons_less_where_its_content_is_narrow) {
     auto details = plain(dialog_buttons::yes_no);
     details.content = client_test::blank(1, 1);
