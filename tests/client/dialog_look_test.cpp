@@ -90,6 +90,21 @@ TEST_P(seen_dialog, has_a_plain_frame) {
     EXPECT_EQ(ex_style, LONG{WS_EX_WINDOWEDGE});  // which goes with a caption
 }
 
+TEST_P(seen_dialog, cannot_be_sized_where_its_content_cannot) {
+    auto details = plain(dialog_buttons::ok_cancel);
+    details.content = client_test::blank(30 * em, body.cy);
+    RECT place{};
+    MINMAXINFO limits{};
+    show_and_look(details, [&](HWND window) {
+        GetWindowRect(window, &place);
+        SendMessageW(window, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+    });
+    for (const POINT& limit : {limits.ptMinTrackSize, limits.ptMaxTrackSize}) {
+        EXPECT_EQ(limit.x, place.right - place.left);
+        EXPECT_EQ(limit.y, place.bottom - place.top);
+    }
+}
+
 /// Whose buttons are windows.
 class seen_native_dialog : public seen_dialog {};
 

@@ -22,8 +22,8 @@ namespace ui::mossHarbour {
 /// A click on a cell of a selected row edits the cell in place, where the client has given a source of
 /// editors. A loop of its own then dispatches the thread's messages: Tab and Shift+Tab take the text and go
 /// on to the next and the previous editable cell, Enter and a loss of the focus take the text, Escape does
-/// not. Handlers run within that loop, and may remove rows or take the list off its panel; in the latter case
-/// the editing ends, and nothing more is told of it.
+/// not. Handlers run within that loop, and may remove rows, take the list off its panel, or destroy a window
+/// that it is in; where the list goes, the editing ends, and nothing more is told of it.
 struct IListViewControl : IWidget {
     /// What edits one cell: from `create_text_editor`.
     struct ICellEditor : IUnknown {};
