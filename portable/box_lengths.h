@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/mossHarbour/element_metrics.h"
+
 namespace ui::mossHarbour {
 
 /// A length for each side, as a client gave it or in pixels.
@@ -9,5 +11,10 @@ struct box_lengths {
     int right;
     int bottom;
 };
+
+/// The distances that a content keeps from what is around it, in pixels: padding as the client gave it, or
+/// the content's own margins where they are larger.
+[[nodiscard]] box_lengths distances_around(const element_metrics& content,
+                                           const box_lengths& padding) noexcept;
 
 }  // namespace ui::mossHarbour

@@ -28,7 +28,7 @@ public:
         if (!description) throw std::logic_error("Facade not available!");
         const element_metrics inner = content ? content->measure(context) : element_metrics{};
         constexpr SIZE no_caption{};  // the frame shows none
-        return measure_group_box(inner, no_caption, group_box_insets(description->get_padding(), inner));
+        return measure_group_box(inner, no_caption, distances_around(inner, description->get_padding()));
     }
     /// What `measure` adds around the content is not looked at: kept, forms are laid out for it.
     void arrange(int left, int top, int right, int bottom) override {

@@ -26,7 +26,7 @@ public:
         const box_lengths padding = description->get_padding();
         caption = window_text_size(context, window);
         const auto inner = content.live() ? content.live()->measure(context) : element_metrics{};
-        insets = group_box_insets(padding, inner);
+        insets = distances_around(inner, padding);
         return measure_group_box(inner, caption, insets);
     }
     void arrange(int left, int top, int right, int bottom) override {

@@ -1,18 +1,10 @@
 #include "portable/group_box_measure.h"
 
 #include "portable/layout_arithmetic.h"
-#include "portable/length.h"
 
 #include <algorithm>
 
 namespace ui::mossHarbour {
-
-box_lengths group_box_insets(const box_lengths& padding, const element_metrics& content) noexcept {
-    return {std::max(decode_length(padding.left), content.margin_left),
-            std::max(decode_length(padding.top), content.margin_top),
-            std::max(decode_length(padding.right), content.margin_right),
-            std::max(decode_length(padding.bottom), content.margin_bottom)};
-}
 
 element_metrics measure_group_box(const element_metrics& content, SIZE caption,
                                   const box_lengths& insets) noexcept {

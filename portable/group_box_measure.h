@@ -7,12 +7,8 @@
 
 namespace ui::mossHarbour {
 
-/// The distances between a group box's frame and its content: padding as the client gave it, or the content's
-/// own margins where they are larger.
-[[nodiscard]] box_lengths group_box_insets(const box_lengths& padding,
-                                           const element_metrics& content) noexcept;
-
-/// What a group box wants around its content, with a caption of this size.
+/// What a group box wants around its content, with a caption of this size and these distances between frame
+/// and content.
 [[nodiscard]] element_metrics measure_group_box(const element_metrics& content, SIZE caption,
                                                 const box_lengths& insets) noexcept;
 

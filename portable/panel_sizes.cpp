@@ -1,10 +1,7 @@
 #include "portable/panel_sizes.h"
 
 #include "portable/layout_arithmetic.h"
-#include "portable/length.h"
 #include "win32/error.h"
-
-#include <algorithm>
 
 namespace ui::mossHarbour {
 namespace {
@@ -21,16 +18,16 @@ SIZE window_around(SIZE content, const box_lengths& margins, DWORD style, DWORD 
 }  // namespace
 
 element_metrics panel_sizes::take(const element_metrics& content, DWORD style, DWORD ex_style) {
-    element_metrics result = content;
-    result.margin_top = std::max(decode_length(padding.top), content.margin_top);
-    result.margin_left = std::max(decode_length(padding.left), content.margin_left);
-    result.margin_right = std::max(decode_length(padding.right), content.margin_right);
-    result.margin_bottom = std::max(decode_length(padding.bottom), content.margin_bottom);
-    const box_lengths kept{result.margin_left, result.margin_top, result.margin_right, result.margin_bottom};
+    const box_lengths kept = distances_around(content, padding);
     outer = {window_around({content.preferred_width, content.preferred_height}, kept, style, ex_style),
              window_around({content.max_width, content.max_height}, kept, style, ex_style),
              window_around({content.min_width, content.min_height}, kept, style, ex_style)};
     margins = kept;
+    element_metrics result = content;
+    result.margin_left = kept.left;
+    result.margin_top = kept.top;
+    result.margin_right = kept.right;
+    result.margin_bottom = kept.bottom;
     return result;
 }
 

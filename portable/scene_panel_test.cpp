@@ -92,7 +92,7 @@ TEST(pixel_metrics, have_each_size_rounded_up_and_no_margins) {
 
 TEST(group_box_measure, adds_the_larger_of_padding_and_margins) {
     const element_metrics content{1, 30, 2, 3, 100, 100, 100, 100, 100, 100};
-    const auto insets = group_box_insets({20, 20, 20, 20}, content);
+    const auto insets = distances_around(content, {20, 20, 20, 20});
     EXPECT_EQ(insets.left, 20);
     EXPECT_EQ(insets.top, 30);
     const auto measured = measure_group_box(content, {}, insets);
