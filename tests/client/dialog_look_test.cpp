@@ -2,6 +2,7 @@
 
 #include "dialog_test.h"
 #include "support/sent_messages.h"
+#include "ui/mossHarbour/IHwndPanel.h"
 #include "ui/mossHarbour/ILabelControl.h"
 
 #include <gmock/gmock.h>
@@ -165,6 +166,18 @@ TEST_P(seen_native_dialog, has_a_narrow_content_in_the_middle_above_its_buttons)
     EXPECT_EQ(content.right, content.left + 20);
     EXPECT_EQ(content.top, em);
     EXPECT_EQ(content.bottom, em + 30);
+}
+
+TEST_P(seen_native_dialog, leaves_nothing_in_a_panel_that_somebody_keeps) {
+    com::ptr<IPanel> kept;
+    const auto details = with_button([&](IPanel* panel) { kept = panel; });
+    show_and_look(details, [&](HWND window) {
+        const HWND button = FindWindowExW(window, nullptr, L"BUTTON", L"go");
+        SendMessageW(window, WM_COMMAND, MAKEWPARAM(0, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+    });
+    ASSERT_TRUE(kept);
+    EXPECT_FALSE(kept->set_content(nullptr));
+    EXPECT_EQ(com::ptr<IHwndPanel>(kept.get())->get_window_handle(), nullptr);
 }
 
 TEST_P(seen_native_dialog, gives_buttons_less_where_its_content_is_narrow) {
