@@ -4,6 +4,7 @@
 #include "d2d/ui/ILabelList.h"
 #include "d2d/ui/ITextLabel.h"
 #include "scene/testing/input_test.h"
+#include "support/random_seed.h"
 
 #include <memory>
 #include <random>
@@ -228,7 +229,7 @@ protected:
         EXPECT_EQ(text_of(sides[1]), text_of(sides[0]));
     }
 
-    unsigned seed = std::random_device{}();
+    unsigned seed = test_support::random_seed();
     std::mt19937 random{seed};
     side sides[2];
 };

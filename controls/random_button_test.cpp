@@ -2,6 +2,7 @@
 
 #include "controls/testing/button_model.h"
 #include "controls/testing/button_test.h"
+#include "support/random_seed.h"
 
 #include <random>
 #include <string>
@@ -152,7 +153,7 @@ protected:
         ASSERT_EQ(expected.window_has_focus && expected.focused == focus::button, node()->has_focus(false));
     }
 
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     std::mt19937 random{seed};
     button_model expected{GetParam().latches};
     com::ptr<scene::INode> elsewhere;

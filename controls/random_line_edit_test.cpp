@@ -3,6 +3,7 @@
 
 #include "controls/testing/line_edit_fixture.h"
 #include "controls/testing/line_edit_model.h"
+#include "support/random_seed.h"
 
 #include <algorithm>
 #include <cmath>
@@ -173,7 +174,7 @@ protected:
 };
 
 TEST_F(random_line_edit_test, agrees_with_the_model_after_each_of_100000_operations) {
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     random.seed(seed);
     constexpr int operations = 100000;

@@ -4,6 +4,7 @@
 #include "controls/testing/scroll_area_model.h"
 #include "scene/testing/fake_element.h"
 #include "support/debug_heap.h"
+#include "support/random_seed.h"
 
 #include <cmath>
 #include <map>
@@ -327,7 +328,7 @@ protected:
 };
 
 TEST_F(random_scroll_area_test, agrees_with_the_model_after_each_operation) {
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     random.seed(seed);
     const int runs = test_support::debug_heap::steps(300);

@@ -3,6 +3,7 @@
 #include "controls/testing/scroll_bar_fixture.h"
 #include "controls/testing/scroll_bar_model.h"
 #include "support/debug_heap.h"
+#include "support/random_seed.h"
 
 #include <cmath>
 #include <limits>
@@ -191,7 +192,7 @@ protected:
 };
 
 TEST_F(random_scroll_bar_test, agrees_with_the_model_after_each_operation) {
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     random.seed(seed);
     const int runs = test_support::debug_heap::steps(400);

@@ -2,6 +2,7 @@
 
 #include "controls/testing/settings_lookup_model.h"
 #include "support/debug_heap.h"
+#include "support/random_seed.h"
 
 #include <gtest/gtest.h>
 
@@ -203,7 +204,7 @@ private:
 };
 
 TEST(random_settings, are_found_as_the_rule_says) {
-    const std::uint32_t seed = std::random_device{}();
+    const std::uint32_t seed = test_support::random_seed();
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::printf("seed %lu\n", static_cast<unsigned long>(seed));
     random_keys random(seed);

@@ -7,6 +7,7 @@
 #include "scene/testing/tree_test.h"
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
+#include "support/random_seed.h"
 #include "win32/window_class_table.h"
 
 #include <functional>
@@ -375,7 +376,7 @@ TEST_F(floaters, leave_safe_weak_references_behind) {
 
 /// Random changes, each followed by what takes the window to its place.
 TEST_F(floaters, stand_where_their_content_wants_them_whatever_happens) {
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
     const auto quarter = [&](int least, int most) {

@@ -1,4 +1,5 @@
 #include "host/floating_placement.h"
+#include "support/random_seed.h"
 
 #include <cmath>
 #include <limits>
@@ -91,7 +92,7 @@ struct exact_placement {
 };
 
 TEST(floating_placement, agrees_with_exact_arithmetic) {
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
     std::uniform_int_distribution<int> side(-4000 * exact_placement::parts, 4000 * exact_placement::parts);
@@ -121,7 +122,7 @@ TEST(floating_placement, agrees_with_exact_arithmetic) {
 }
 
 TEST(floating_placement, covers_the_bounds_on_the_primary_monitor_and_little_more) {
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
     std::uniform_real_distribution<float> place(0.0f, 2000.0f);

@@ -1,4 +1,5 @@
 #include "host/pixel_rect.h"
+#include "support/random_seed.h"
 
 #include <cmath>
 #include <limits>
@@ -45,7 +46,7 @@ INSTANTIATE_TEST_SUITE_P(
                     pixel_case{{no_number, 1, no_number, 2}, {}, {-32767, 1, -32767, 2}}));
 
 TEST(pixel_rects, contain_the_rectangle_and_reach_less_than_a_pixel_beyond) {
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
     std::uniform_real_distribution<float> side(-2000.0f, 2000.0f);

@@ -5,6 +5,7 @@
 #include "host/testing/svg_path_texts.h"
 #include "scene/testing/allocation_count.h"
 #include "support/debug_heap.h"
+#include "support/random_seed.h"
 
 #include <array>
 #include <cmath>
@@ -316,7 +317,7 @@ TEST(svg_number, of_many_digits_is_infinite_or_exact) {
 
 class svg_path_at_random : public testing::Test {
 protected:
-    const std::uint32_t seed = std::random_device{}();
+    const std::uint32_t seed = test_support::random_seed();
     d2d::fakes::svg_path_texts texts{seed};
 
     [[nodiscard]] std::string trace() const { return "seed " + std::to_string(seed); }

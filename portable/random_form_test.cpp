@@ -2,6 +2,7 @@
 // whatever control, against a model that knows which controls are alive and what they hold.
 
 #include "portable/testing/scene_form.h"
+#include "support/random_seed.h"
 
 #include <algorithm>
 #include <iostream>
@@ -39,7 +40,7 @@ protected:
 
     void SetUp() override {
         scene_form::SetUp();
-        const auto seed = std::random_device{}();
+        const auto seed = test_support::random_seed();
         std::cout << "seed " << seed << std::endl;
         random.seed(seed);
         for (auto& place : places) {

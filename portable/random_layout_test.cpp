@@ -2,6 +2,7 @@
 
 #include "portable/testing/layout_fixture.h"
 #include "portable/testing/layout_model.h"
+#include "support/random_seed.h"
 #include "ui/mossHarbour/IGridLayout.h"
 #include "ui/mossHarbour/IStackLayout.h"
 
@@ -17,7 +18,7 @@ class random_layouts : public layout_fixture {
 protected:
     void SetUp() override {
         layout_fixture::SetUp();
-        const auto seed = std::random_device{}();
+        const auto seed = test_support::random_seed();
         std::cout << "seed " << seed << std::endl;
         random.seed(seed);
     }

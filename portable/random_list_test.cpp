@@ -1,6 +1,7 @@
 // A list in random use against a plain model of it.
 
 #include "portable/testing/list_fixture.h"
+#include "support/random_seed.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -22,7 +23,7 @@ class random_list : public list_fixture {
 protected:
     void SetUp() override {
         list_fixture::SetUp();
-        const auto seed = std::random_device{}();
+        const auto seed = test_support::random_seed();
         std::cout << "seed " << seed << std::endl;
         random.seed(seed);
         show_list();

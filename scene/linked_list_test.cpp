@@ -1,4 +1,5 @@
 #include "scene/linked_list.h"
+#include "support/random_seed.h"
 
 #include <deque>
 #include <optional>
@@ -106,7 +107,7 @@ TEST(linked_list, lists_of_different_owners_do_not_mix) {
 }
 
 TEST(linked_list, random_coming_and_going_keeps_the_order) {
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937 random(seed);
     first_list list;

@@ -3,6 +3,7 @@
 #include "com/weak_ptr.h"
 #include "scene/testing/allocation_count.h"
 #include "support/leak_checked_test.h"
+#include "support/random_seed.h"
 
 #include <gtest/gtest.h>
 
@@ -77,7 +78,7 @@ TEST_F(solid_color_brush_test, a_colour_that_is_not_a_number_gets_a_brush_that_n
 }
 
 TEST_F(solid_color_brush_test, the_table_agrees_with_a_simple_model) {
-    const unsigned seed = std::random_device()();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937 random(seed);
     std::vector<com::ptr<IBrush>> held;

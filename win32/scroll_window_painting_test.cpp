@@ -5,6 +5,7 @@
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
 #include "support/picture.h"
+#include "support/random_seed.h"
 #include "support/wine.h"
 #include "win32/testing/scroll_probe.h"
 
@@ -156,7 +157,7 @@ private:
 
 TEST_F(scroll_window_painting, random_scrolls_invalidate_what_a_grid_of_pixels_says) {
     open(90, 70);
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937 random(seed);
     const auto below = [&](int limit) { return std::uniform_int_distribution(0, limit - 1)(random); };
@@ -401,7 +402,7 @@ TEST_F(scroll_window_pixels, painted_bit_by_bit_it_looks_as_painted_whole) {
     open(150, 110);
     window.paint = [&] { paint(); };
     test_support::bring_to_front(window.get_window_handle());
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937 random(seed);
     const auto below = [&](int limit) { return std::uniform_int_distribution(0, limit - 1)(random); };
@@ -428,7 +429,7 @@ TEST_F(scroll_window_pixels, sized_at_random_it_looks_as_painted_whole) {
     open(150, 110);
     window.paint = [&] { paint(); };
     test_support::bring_to_front(window.get_window_handle());
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937 random(seed);
     const auto below = [&](int limit) { return std::uniform_int_distribution(0, limit - 1)(random); };

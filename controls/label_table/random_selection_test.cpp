@@ -2,6 +2,7 @@
 
 #include "controls/testing/label_table_fixture.h"
 #include "controls/testing/label_table_model.h"
+#include "support/random_seed.h"
 
 #include <random>
 #include <string>
@@ -151,7 +152,7 @@ protected:
         EXPECT_EQ(drawn, shapes());
     }
 
-    unsigned seed = std::random_device{}();
+    unsigned seed = test_support::random_seed();
     std::mt19937 random{seed};
     label_table_model expected;
     int last_key = 0;

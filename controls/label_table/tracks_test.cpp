@@ -1,6 +1,7 @@
 // Where rows and columns lie, which row is at a point, and which rows are selected together.
 
 #include "controls/label_table/tracks.h"
+#include "support/random_seed.h"
 
 #include <deque>
 #include <optional>
@@ -115,7 +116,7 @@ TEST(label_table_tracks, row_reaches_to_the_ends_of_its_margins_and_the_upper_on
 }
 
 TEST(label_table_tracks, row_at_a_point_is_the_first_of_all_that_have_it) {
-    const unsigned seed = std::random_device()();
+    const unsigned seed = test_support::random_seed();
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
     const auto up_to = [&](unsigned limit) { return static_cast<float>(random() % (limit + 1)); };

@@ -4,6 +4,7 @@
 #include "controls/popup_options/control.h"
 #include "controls/testing/popup_model.h"
 #include "controls/testing/popup_options_fixture.h"
+#include "support/random_seed.h"
 
 #include <algorithm>
 #include <iostream>
@@ -297,7 +298,7 @@ protected:
         }
     }
 
-    const unsigned seed = std::random_device{}();
+    const unsigned seed = test_support::random_seed();
     std::mt19937 random{seed};
     std::optional<popup_model> expected;
     com::ptr<scene::INode> elsewhere;

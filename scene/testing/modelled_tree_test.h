@@ -3,6 +3,7 @@
 #include "scene/hit_path.h"
 #include "scene/testing/hit_model.h"
 #include "scene/testing/tree_test.h"
+#include "support/random_seed.h"
 
 #include <algorithm>
 #include <cmath>
@@ -163,7 +164,7 @@ protected:
     }
 
     bool far_away = false;  // some nodes are moved very far
-    unsigned seed = std::random_device{}();
+    unsigned seed = test_support::random_seed();
     std::mt19937 random{seed};
     std::vector<std::unique_ptr<pair>> pairs;
 };

@@ -2,6 +2,7 @@
 
 #include "scene/testing/tree_model.h"
 #include "scene/testing/tree_test.h"
+#include "support/random_seed.h"
 
 #include <cmath>
 #include <cstddef>
@@ -366,7 +367,7 @@ protected:
         return shown_root && (shown_root->paints_animated() || shown_root->has_moving_nodes());
     }
 
-    unsigned seed = std::random_device{}();
+    unsigned seed = test_support::random_seed();
     std::mt19937 random{seed};
     std::vector<pair> pairs;
     tree_model* shown_root = nullptr;
