@@ -129,7 +129,7 @@ TEST_F(text_editors, hand_on_what_they_show) {
 }
 
 TEST_F(text_editors, hold_1023_units) {
-    text = std::wstring(3000, L'x');
+    text.assign(3000, L'x');
     editor->begin_edit(window, {20, 30, 120, 50});
     EXPECT_EQ(text_of_window(edit()), std::wstring(1023, L'x'));
     SetWindowTextW(edit(), std::wstring(2000, L'y').c_str());
