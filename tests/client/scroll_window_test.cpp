@@ -1,16 +1,13 @@
 // The example that scrolls a drawing of GDI, as its user sees it.
 
+#include "onlooker.h"
 #include "running_program.h"
-#include "settled_picture.h"
-#include "support/golden.h"
 #include "support/input.h"
-#include "support/message_pump.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using client_test::settled_picture;
 using test_support::picture;
 
 // Text may be smoothed a little differently from one version of the fonts to the next.
@@ -21,56 +18,51 @@ protected:
     void SetUp() override {
         SetForegroundWindow(window);
         EXPECT_TRUE(test_support::pump_until([&] { return GetForegroundWindow() == window; }));
-        shown = settled_picture(window);
+        expect_shown("start");
     }
 
-    // What the window shows once `action` has changed it. It must look as if it had been painted whole: what
-    // was moved and what was painted anew fit.
-    template <class Action>
-    void expect_change(std::string_view what, Action&& action) {
-        const picture before = shown;
-        action();
-        const auto changed = [&] { return test_support::grab_client_area(window) != before; };
-        ASSERT_TRUE(test_support::pump_until(changed)) << what << " changes nothing";
-        shown = settled_picture(window);
+    void expect_shown(std::string_view golden) {
+        EXPECT_TRUE(eye.shows_golden("scroll_window/" + std::string(golden), fonts));
+    }
+
+    // What the window shows must look as if it had been painted whole: what was moved and what was painted
+    // anew fit.
+    void expect_seamless() {
+        const picture moved = eye.shown();
         InvalidateRect(window, nullptr, TRUE);
-        UpdateWindow(window);
-        const auto left_over = test_support::compare(settled_picture(window), shown);
-        ASSERT_TRUE(left_over.same_size);
-        if (left_over.pixels != 0) {
-            const auto file = test_support::failure_file("scroll_window/" + std::string(what), "left_over");
-            test_support::save_png(left_over.image, file);
-        }
-        EXPECT_EQ(0u, left_over.pixels) << what << " leaves something behind";
+        const auto is_painted = [&] { return !GetUpdateRect(window, nullptr, FALSE); };
+        EXPECT_TRUE(test_support::pump_until(is_painted));
+        test_support::pump_for(std::chrono::milliseconds(200));  // until the screen has it
+        EXPECT_TRUE(eye.shows_again(moved)) << "something is left behind";
     }
 
-    void expect_shown(std::string_view golden) const {
-        EXPECT_TRUE(test_support::matches_golden(shown, "scroll_window/" + std::string(golden), fonts));
+    template <class Action>
+    void expect_change(std::string_view golden, Action&& action) {
+        SCOPED_TRACE(golden);
+        action();
+        expect_shown(golden);
+        expect_seamless();
     }
 
     client_test::running_program program{L"scroll_window.exe", L"Tide table"};
     HWND window = program.window();
-    picture shown;
+    client_test::onlooker eye{window};
 };
 
 TEST_F(scroll_window_example, scrolls_by_wheel_keys_and_bars_and_comes_back) {
-    const picture start = shown;
-    expect_shown("start");
+    const picture start = eye.shown();
     expect_change("wheel", [&] {
         test_support::move_mouse(window, {400, 300});
         test_support::turn_wheel(-2);
     });
-    expect_shown("wheel");
     expect_change("page_down", [] { test_support::strike_key(VK_NEXT); });
     expect_change("end", [] { test_support::strike_key(VK_END); });
-    expect_shown("end");
     expect_change("line_right", [&] { SendMessageW(window, WM_HSCROLL, SB_LINERIGHT, 0); });
     expect_change("right_end", [&] { SendMessageW(window, WM_HSCROLL, SB_RIGHT, 0); });
-    expect_shown("right_end");
     expect_change("page_up", [&] { SendMessageW(window, WM_VSCROLL, SB_PAGEUP, 0); });
     expect_change("home", [] { test_support::strike_key(VK_HOME); });
     SendMessageW(window, WM_HSCROLL, SB_LEFT, 0);
-    EXPECT_EQ(0u, test_support::compare(start, settled_picture(window)).pixels);
+    EXPECT_TRUE(eye.shows_again(start));
 }
 
 TEST_F(scroll_window_example, follows_the_thumbs_of_its_bars) {
@@ -85,12 +77,9 @@ TEST_F(scroll_window_example, follows_the_thumbs_of_its_bars) {
 
 TEST_F(scroll_window_example, keeps_its_headers_as_its_size_changes_and_ends_when_closed) {
     const auto size = [&](int width, int height) { program.set_position(0, 0, width, height, SWP_NOMOVE); };
-    SendMessageW(window, WM_VSCROLL, SB_BOTTOM, 0);
-    shown = settled_picture(window);
+    expect_change("end", [&] { SendMessageW(window, WM_VSCROLL, SB_BOTTOM, 0); });
     expect_change("larger", [&] { size(1040, 700); });
-    expect_shown("larger");
     expect_change("smaller", [&] { size(620, 380); });
-    expect_shown("smaller");
     PostMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(0u, program.exit_code());
 }
