@@ -151,6 +151,10 @@ protected:
         if (!same) ADD_FAILURE() << name << ": wanted " << text_of(wanted) << "is " << text_of(is);
     }
     void compare() {
+        const D2D_POINT_2F at = area->get_scroll_position();
+        expect_same("position", {expected->position.x, expected->position.y}, {at.x, at.y});
+        // What was close stays close, and is rounded to the same pixel.
+        expected->take_position(at);
         const picture a = wanted();
         const picture b = seen();
         for (const auto& [name, list] : a) {
@@ -161,15 +165,11 @@ protected:
         }
         for (const auto& [name, list] : b)
             EXPECT_TRUE(a.count(name)) << name << " is there: " << text_of(list);
-        const D2D_POINT_2F at = area->get_scroll_position();
-        expect_same("position", {expected->position.x, expected->position.y}, {at.x, at.y});
         ASSERT_EQ(expected->reports.size(), reports.size()) << "reports";
         for (std::size_t i = 0; i < reports.size(); ++i) {
             const auto list = [](const D2D_RECT_F& r) { return numbers{r.left, r.top, r.right, r.bottom}; };
             expect_same("report", list(expected->reports[i]), list(reports[i]));
         }
-        // What was close stays close.
-        expected->position = at;
         expected->reports.clear();
         reports.clear();
     }

@@ -109,6 +109,10 @@ public:
         const float step = std::hypot(view.width, view.height) / 7 / std::hypot(x, y);
         scroll_by(x * step, y * step);
     }
+    /// The same position as another reckoning has it.
+    void take_position(D2D_POINT_2F at) {
+        if (at.x != position.x || at.y != position.y) apply(at);
+    }
     /// The user has moved a bar to `value`.
     void bar_moved(bool is_vertical, float value) {
         (is_vertical ? vertical : horizontal).set_position(value);
