@@ -107,7 +107,24 @@ TEST_P(seen_dialog, cannot_be_sized_where_its_content_cannot) {
 }
 
 /// Whose buttons are windows.
-class seen_native_dialog : public seen_dialog {};
+class seen_native_dialog : public seen_dialog {
+protected:
+    struct two_buttons {
+        RECT yes;
+        RECT no;
+        SIZE client;
+    };
+
+    two_buttons look_at_yes_and_no(const com::ptr<ILayout>& content) {
+        auto details = plain(dialog_buttons::yes_no);
+        details.content = content;
+        two_buttons seen{};
+        show_and_look(details, [&](HWND window) {
+            seen = {place_of(window, L"Yes"), place_of(window, L"No"), client_size(window)};
+        });
+        return seen;
+    }
+};
 
 INSTANTIATE_TEST_SUITE_P(forms, seen_native_dialog, testing::Values(form::native),
                          client_test::name_of<testing::TestParamInfo<form>>);
@@ -130,16 +147,7 @@ TEST_P(seen_native_dialog, has_its_buttons_six_lines_wide_in_the_lower_right_cor
 }
 
 TEST_P(seen_native_dialog, keeps_half_a_line_between_its_buttons) {
-    auto details = plain(dialog_buttons::yes_no);
-    details.content = client_test::blank(30 * em, body.cy);
-    RECT yes{};
-    RECT no{};
-    SIZE client{};
-    show_and_look(details, [&](HWND window) {
-        yes = place_of(window, L"Yes");
-        no = place_of(window, L"No");
-        client = client_size(window);
-    });
+    const auto [yes, no, client] = look_at_yes_and_no(client_test::blank(30 * em, body.cy));
     EXPECT_EQ(yes.left, client.cx - em - 2 * 6 * em - em / 2);
     EXPECT_EQ(no.left - yes.right, em / 2);
     EXPECT_THAT(no.right, testing::AllOf(testing::Gt(client.cx - em - 4), testing::Le(client.cx - em)));
@@ -181,16 +189,7 @@ TEST_P(seen_native_dialog, leaves_nothing_in_a_panel_that_somebody_keeps) {
 }
 
 TEST_P(seen_native_dialog, gives_buttons_less_where_its_content_is_narrow) {
-    auto details = plain(dialog_buttons::yes_no);
-    details.content = client_test::blank(1, 1);
-    RECT yes{};
-    RECT no{};
-    SIZE client{};
-    show_and_look(details, [&](HWND window) {
-        yes = place_of(window, L"Yes");
-        no = place_of(window, L"No");
-        client = client_size(window);
-    });
+    const auto [yes, no, client] = look_at_yes_and_no(client_test::blank(1, 1));
     EXPECT_EQ(yes.left, em);
     EXPECT_EQ(no.left - yes.right, em / 2);
     EXPECT_EQ(no.right, client.cx - em);
