@@ -40,9 +40,9 @@ function(mossharbour_add_test name)
         add_dependencies(${name} mossharbour_wine)
     endif()
     add_test(NAME ${name} COMMAND ${name})
-    # Failures alone: they would be lost among thousands of lines. There are some lines always.
+    # Failures alone: they would be lost among thousands of lines. A program that came to its end says so.
     set_tests_properties(${name} PROPERTIES
-        TIMEOUT ${MOSSHARBOUR_TEST_TIMEOUT} ENVIRONMENT "GTEST_BRIEF=1;MOSSHARBOUR_EXPECT_OUTPUT=1")
+        TIMEOUT ${MOSSHARBOUR_TEST_TIMEOUT} ENVIRONMENT "GTEST_BRIEF=1;MOSSHARBOUR_EXPECT_OUTPUT= ran. (")
     if(arg_SCREEN)
         set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
     endif()
@@ -59,7 +59,7 @@ function(mossharbour_add_unit_test name)
     if(TARGET ${name} AND "scene_testing" IN_LIST arg_LIBRARIES AND NOT arg_SCREEN)
         add_test(NAME ${name}_on_debug_heap COMMAND ${name})
         set_tests_properties(${name}_on_debug_heap PROPERTIES
-            ENVIRONMENT "GTEST_BRIEF=1;MOSSHARBOUR_EXPECT_OUTPUT=1;MOSSHARBOUR_DEBUG_HEAP=1"
+            ENVIRONMENT "GTEST_BRIEF=1;MOSSHARBOUR_EXPECT_OUTPUT= ran. (;MOSSHARBOUR_DEBUG_HEAP=1"
             TIMEOUT 900 COST 100)  # a block there costs some hundred times as much: these start first
     endif()
 endfunction()
