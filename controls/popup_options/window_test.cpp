@@ -81,7 +81,7 @@ TEST_F(popup_on_screen, a_drag_in_the_list_chooses) {
 TEST_F(popup_on_screen, the_list_reaches_beyond_the_window_and_leaves_nothing_there) {
     constexpr POINT beyond{20, 146};
     const auto screen_before = screen_at(beyond);
-    const auto windows_before = test_support::current_resources().windows;
+    const auto windows_before = test_support::own_windows();
     popup->arrange({10, 90, 150, 114});
     ASSERT_TRUE(shows(white, 20, 100));
     click(handle(), {20, 100});
@@ -95,7 +95,7 @@ TEST_F(popup_on_screen, the_list_reaches_beyond_the_window_and_leaves_nothing_th
     });
     EXPECT_TRUE(shows_beyond(screen_before, beyond));
     EXPECT_EQ(3, changed_to);
-    EXPECT_EQ(windows_before, test_support::current_resources().windows);
+    EXPECT_EQ(windows_before, test_support::own_windows());
 }
 
 TEST_F(popup_on_screen, the_list_goes_with_the_focus) {

@@ -17,12 +17,12 @@ class leak_checked_test : public testing::Test {
 protected:
     void SetUp() override {
         objects_before_ = com::live_object_count();
-        windows_before_ = current_resources().windows;
+        windows_before_ = own_windows();
     }
 
     void TearDown() override {
         EXPECT_EQ(objects_before_, com::live_object_count()) << "objects of the library are still alive";
-        EXPECT_GE(windows_before_, current_resources().windows) << "windows are still there";
+        EXPECT_GE(windows_before_, own_windows()) << "windows are still there";
     }
 
 private:

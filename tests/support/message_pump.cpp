@@ -20,12 +20,10 @@ public:
         if (quit_code_) PostQuitMessage(*quit_code_);
     }
 
-    /// Dispatches what has come; false when nothing had.
-    bool drain() {
-        bool any = false;
+    /// Dispatches what has come.
+    void drain() {
         MSG message{};
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            any = true;
             if (message.message == WM_QUIT) {
                 quit_code_ = static_cast<int>(message.wParam);
                 continue;
@@ -33,18 +31,17 @@ public:
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
-        return any;
     }
 
 private:
     std::optional<int> quit_code_;
 };
 
-void wait_for_message(clock::duration time) {
-    const auto milliseconds = std::chrono::ceil<std::chrono::milliseconds>(time).count();
-    if (milliseconds <= 0) return;
-    MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(milliseconds), QS_ALLINPUT,
-                                MWMO_INPUTAVAILABLE);
+/// False when none comes within the time.
+bool message_comes_within(clock::duration time) {
+    const auto waited = std::chrono::ceil<std::chrono::milliseconds>(std::max(time, clock::duration::zero()));
+    return MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(waited.count()), QS_ALLINPUT,
+                                       MWMO_INPUTAVAILABLE) != WAIT_TIMEOUT;
 }
 
 }  // namespace
@@ -58,18 +55,18 @@ bool pump_until(const std::function<bool()>& done, std::chrono::milliseconds lim
         const auto now = clock::now();
         if (now >= end) return false;
         // The condition may come true without a message, so it is asked every few milliseconds.
-        wait_for_message(std::min<clock::duration>(end - now, std::chrono::milliseconds(5)));
+        (void)message_comes_within(std::min<clock::duration>(end - now, std::chrono::milliseconds(5)));
     }
 }
 
 void pump_until_idle(std::chrono::milliseconds quiet, std::chrono::milliseconds limit) {
     const auto end = clock::now() + limit;
-    auto last_message = clock::now();
     message_drain messages;
-    while (clock::now() < end && clock::now() - last_message < quiet) {
-        if (messages.drain()) last_message = clock::now();
-        wait_for_message(std::min(last_message + quiet, end) - clock::now());
-    }
+    do {
+        messages.drain();
+        // Waited for anew behind each look: a time that passed while others ran says nothing.
+    } while (clock::now() < end &&
+             message_comes_within(std::min<clock::duration>(quiet, end - clock::now())));
 }
 
 void pump_for(std::chrono::milliseconds time) {

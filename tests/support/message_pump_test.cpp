@@ -30,6 +30,13 @@ TEST(message_pump, gives_up_at_its_limit) {
     EXPECT_GE(clock::now() - start, milliseconds(80));
 }
 
+TEST(message_pump, is_not_idle_ahead_of_a_look_at_what_has_come) {
+    PostThreadMessageW(GetCurrentThreadId(), WM_APP, 0, 0);
+    pump_until_idle(milliseconds(0));
+    MSG message{};
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_APP, WM_APP, PM_REMOVE));
+}
+
 TEST(message_pump, gives_up_being_idle_at_its_limit_when_messages_do_not_end) {
     const auto timer = SetTimer(nullptr, 0, 10, nullptr);
     const auto start = clock::now();

@@ -15,7 +15,6 @@
 #include <ostream>
 #include <stdexcept>
 #include <string_view>
-#include <vector>
 
 namespace test_support {
 namespace {
@@ -44,12 +43,6 @@ BOOL CALLBACK count_own_window(HWND window, LPARAM count) {
     return TRUE;
 }
 
-unsigned own_windows() {
-    unsigned count = 0;
-    EnumWindows(&count_own_window, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
-
 // The table of GDI handles that is mapped into every process; Wine keeps one of its own for each.
 struct gdi_entry {
     std::uint64_t object;
@@ -76,41 +69,20 @@ unsigned gdi_objects_in_table() {
         std::count_if(table, table + table_size, [](const gdi_entry& entry) { return entry.type != 0; }));
 }
 
-// The answer to SystemHandleInformation: a count, then one of these for each handle of the system.
-struct handle_entry {
-    USHORT process;
-    USHORT creator;
-    UCHAR type;
-    UCHAR flags;
-    USHORT handle;
-    void* object;
-    ACCESS_MASK access;
-};
-
-struct handle_list {
-    ULONG count;
-    handle_entry first;
-};
-
-unsigned handles_in_list() {
-    constexpr auto system_handle_information = static_cast<SYSTEM_INFORMATION_CLASS>(16);
-    constexpr auto too_small = static_cast<NTSTATUS>(0xC0000004);
-    std::vector<std::byte> buffer(0x10000);
-    NTSTATUS status = 0;
-    while ((status = NtQuerySystemInformation(system_handle_information, buffer.data(),
-                                              static_cast<ULONG>(buffer.size()), nullptr)) == too_small)
-        buffer.resize(2 * buffer.size());
-    if (status < 0) throw std::runtime_error("the list of handles cannot be had");
-
-    ULONG count = 0;
-    std::memcpy(&count, buffer.data(), sizeof count);
-    unsigned own = 0;
-    for (ULONG i = 0; i < count; ++i) {
-        handle_entry entry{};
-        std::memcpy(&entry, buffer.data() + offsetof(handle_list, first) + i * sizeof entry, sizeof entry);
-        if (entry.process == GetCurrentProcessId()) ++own;
+// Each value that a handle can have is tried: Wine gives out the lowest that is free. Its list of all handles
+// of the system ends Wine's server, and all programs with it, where another program is just starting.
+unsigned handles_by_value() {
+    constexpr std::uintptr_t step = 4;
+    constexpr std::uintptr_t widest_gap = 2048 * step;
+    unsigned count = 0;
+    std::uintptr_t last = 0;
+    for (std::uintptr_t value = step; value <= last + widest_gap; value += step) {
+        DWORD flags = 0;
+        if (!GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags)) continue;
+        ++count;
+        last = value;
     }
-    return own;
+    return count;
 }
 
 unsigned handles_by_process() {
@@ -121,13 +93,19 @@ unsigned handles_by_process() {
 
 }  // namespace
 
+unsigned own_windows() {
+    unsigned count = 0;
+    EnumWindows(&count_own_window, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
 std::ostream& operator<<(std::ostream& out, const resource_counts& counts) {
     return out << counts.windows << " windows, " << counts.gdi_objects << " GDI objects, " << counts.handles
                << " handles";
 }
 
 resource_counts current_resources() {
-    if (running_under_wine()) return {own_windows(), gdi_objects_in_table(), handles_in_list()};
+    if (running_under_wine()) return {own_windows(), gdi_objects_in_table(), handles_by_value()};
     return {own_windows(), static_cast<unsigned>(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)),
             handles_by_process()};
 }
