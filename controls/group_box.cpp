@@ -29,10 +29,10 @@ void group_box::arrange(D2D_RECT_F new_rect) {
 }
 
 com::ptr<scene::INode> group_box::set_content(com::ptr<scene::INode> new_content) {
-    com::ptr<scene::INode> former = std::exchange(content, nullptr);
+    // Stored ahead of the changes: a handler that hears of one finds the new content, and may set another.
+    com::ptr<scene::INode> former = std::exchange(content, new_content);
     if (former) node->remove_child(former);
-    if (new_content) node->add_child(new_content);
-    content = std::move(new_content);
+    if (new_content && content == new_content) node->add_child(std::move(new_content));
     return former;
 }
 

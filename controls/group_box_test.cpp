@@ -5,7 +5,9 @@
 #include "d2d/ui/IGroupBox.h"
 #include "scene/testing/metrics_text.h"
 
+#include <stdexcept>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -198,12 +200,61 @@ TEST_F(group_box_test, content_moves_to_the_corner_at_the_next_other_arrangement
 TEST_F(group_box_test, content_that_stands_elsewhere_is_refused_and_stays_there) {
     show_box();
     const auto elsewhere = filled({0, 0, 5, 5}, root);
-    EXPECT_NE("nothing", thrown_by([&] { box->set_content(elsewhere); }));
+    EXPECT_EQ("unexpected", thrown_by([&] { box->set_content(elsewhere); }));
     EXPECT_EQ(root, elsewhere->get_parent());
+    EXPECT_EQ("margin 0,0,0,0 min 15x15 max 15x15 preferred 15x15", text_of(box->measure()));
     const auto content = filled({0, 0, 5, 5});
-    EXPECT_NE(elsewhere, box->set_content(content));
+    EXPECT_EQ(elsewhere, box->set_content(content)) << "kept ahead of being added";
     EXPECT_EQ(box->get_node(), content->get_parent());
     EXPECT_EQ(root, elsewhere->get_parent());
+}
+
+// Handlers that hear of a content
+
+TEST_F(group_box_test, content_that_is_set_while_another_comes_or_goes_is_the_one_that_shows) {
+    enum class moment { coming, going };
+    for (const auto when : {moment::coming, moment::going}) {
+        for (const bool to_nothing : {false, true}) {
+            SCOPED_TRACE(testing::Message() << static_cast<int>(when) << to_nothing);
+            const auto made = ui::create_group_box(nullptr, rect, style.get());
+            const auto node = made->get_node();
+            const auto first = filled({-50, -50, 5, 5});  // beyond the frame: its coming and going is heard
+            const auto last = to_nothing ? nullptr : filled({0, 0, 7, 7});
+            const auto other = filled({0, 0, 3, 3});
+            com::ptr<scene::INode> taken;
+            int heard = 0;
+            const int awaited = when == moment::coming ? 1 : 2;
+            node->add_bounds_handler([&](bool, D2D_RECT_F) {
+                if (++heard == awaited) taken = made->set_content(last);
+            });
+            EXPECT_EQ(nullptr, made->set_content(first));
+            if (when == moment::going) {
+                EXPECT_EQ(first, made->set_content(other));
+            }
+            EXPECT_LE(awaited, heard);
+            EXPECT_EQ(when == moment::coming ? first : other, taken);
+            EXPECT_EQ(nullptr, first->get_parent());
+            EXPECT_EQ(nullptr, other->get_parent());
+            if (last) {
+                EXPECT_EQ(node, last->get_parent());
+            }
+            EXPECT_EQ(last, made->set_content(nullptr));
+            EXPECT_TRUE(inside(node).children.empty());
+        }
+    }
+}
+
+TEST_F(group_box_test, content_whose_coming_made_a_handler_throw_is_the_content_all_the_same) {
+    show_box();
+    const auto content = filled({-50, -50, 5, 5});
+    bool failing = true;
+    box->get_node()->add_bounds_handler([&](bool, D2D_RECT_F) {
+        if (std::exchange(failing, false)) throw std::runtime_error("enough");
+    });
+    EXPECT_EQ("enough", thrown_by<std::runtime_error>([&] { box->set_content(content); }));
+    EXPECT_EQ(box->get_node(), content->get_parent());
+    EXPECT_EQ(content, box->set_content(nullptr));
+    EXPECT_EQ(nullptr, content->get_parent());
 }
 
 TEST_F(group_box_test, frame_lies_behind_the_content_and_takes_clicks_beside_it) {
