@@ -75,8 +75,9 @@ private:
     void show_bars();
     void update_ranges();
     void draw_separators();
+    [[nodiscard]] scroll_area_layout layout() const noexcept;
     void place_parts();
-    void place_margins(const scroll_area_layout& layout);
+    void place_margins();
     [[nodiscard]] margin& margin_at(int number);
     [[nodiscard]] margin& at(side which) noexcept { return margins[static_cast<std::size_t>(which)]; }
     [[nodiscard]] const margin& at(side which) const noexcept {

@@ -70,7 +70,7 @@ void scroll_area::set_margin_element(int number, com::ptr<scene::layout::IElemen
     margin& changed = margin_at(number);
     if (changed.element == element && scene::same_edges(changed.element_inset, inset)) return;
     changed.element_inset = inset;
-    changed.element = std::move(element);
+    std::swap(changed.element, element);  // the former one may hold the area: it goes at the end
     if (!changed.element) return;
     reporting_view([&] { update(true); });
 }
@@ -138,28 +138,34 @@ void scroll_area::draw_separators() {
     context->commit();
 }
 
-void scroll_area::place_parts() {
-    const D2D_RECT_F fixed{at(side::left).fixed_size, at(side::top).fixed_size, at(side::right).fixed_size,
-                           at(side::bottom).fixed_size};
-    const scroll_area_layout layout(rect, bars, view, fixed);
-    place(*viewport_node, layout.viewport());
-    place_margins(layout);
-    horizontal_bar->arrange(layout.horizontal_bar());
-    vertical_bar->arrange(layout.vertical_bar());
+scroll_area_layout scroll_area::layout() const noexcept {
+    return {rect,
+            bars,
+            view,
+            {at(side::left).fixed_size, at(side::top).fixed_size, at(side::right).fixed_size,
+             at(side::bottom).fixed_size}};
 }
 
-void scroll_area::place_margins(const scroll_area_layout& layout) {
+/// Works the layout out anew for each part: an element that is laid out may change the area.
+void scroll_area::place_parts() {
+    place(*viewport_node, layout().viewport());
+    place_margins();
+    horizontal_bar->arrange(layout().horizontal_bar());
+    vertical_bar->arrange(layout().vertical_bar());
+}
+
+void scroll_area::place_margins() {
     for (const side which : scroll_area_sides) {
         const margin& placed = at(which);
         if (placed.scrolled_size != 0) {
-            place(*placed.scrolled_clip_node, layout.scrolled_part(which, placed.scrolled_size));
+            place(*placed.scrolled_clip_node, layout().scrolled_part(which, placed.scrolled_size));
         }
     }
     for (const side which : scroll_area_sides) {
         const margin& placed = at(which);
         // Kept: what is laid out on the left is told of a part without width, too.
         if (placed.fixed_size != 0 || which == side::left) {
-            place_fixed_part(placed, layout.fixed_part(which, placed.fixed_size));
+            place_fixed_part(placed, layout().fixed_part(which, placed.fixed_size));
         }
     }
 }

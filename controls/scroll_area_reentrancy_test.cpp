@@ -2,6 +2,8 @@
 
 #include "controls/testing/scroll_area_ways.h"
 
+#include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -92,6 +94,90 @@ TEST_F(scroll_area_reentrancy_test, handler_may_arrange_and_set_margins) {
         EXPECT_TRUE(holds(fixed_node(right)));
         EXPECT_EQ(std::string::npos, place_of(fixed_node(right)).find("clip 0 0 0"));
         EXPECT_EQ("at 120 0 clip 120 0 132 100", "at 120 0 clip " + call_text(bar(true).clip_rect));
+    }
+}
+
+// Elements that change the area
+
+TEST_F(scroll_area_reentrancy_test, element_that_changes_the_area_has_the_last_word) {
+    const struct {
+        const char* name;
+        std::function<void()> change;
+    } cases[] = {
+        {"place",
+         [this] {
+             area->arrange({20, 30, 132, 122});
+         }},
+        {"size",
+         [this] {
+             area->arrange({20, 30, 152, 142});
+         }},
+        {"bars",
+         [this] {
+             area->set_content_bounds({0, 0, 50, 400});
+         }},
+        {"margins",
+         [this] {
+             area->set_margin_fixed_size(right, 9);
+             area->set_margin_fixed_size(bottom, 11);
+         }},
+    };
+    const auto places = [this] {
+        lines found{place_of(viewport_node())};
+        for (int side = 0; side < 4; ++side) {
+            found.push_back(place_of(fixed_node(side)));
+            found.push_back(place_of(clip_node(side)));
+        }
+        for (const auto* const each : bars()) found.push_back(place_of(*each));
+        return found;
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        make(usual, large);
+        for (int side = 0; side < 4; ++side) {
+            area->set_margin_fixed_size(side, 5);
+            area->set_margin_scrolled_size(side, 4);
+        }
+        bool done = false;
+        acting = com::create_object<acting_element>([&] {
+            if (!std::exchange(done, true)) each.change();
+        });
+        area->set_margin_element(left, acting, {});
+        ASSERT_TRUE(done);
+        const lines reached = places();
+        const auto again = com::create_object<acting_element>([] {});
+        area->set_margin_element(left, again, {});  // all is placed anew
+        EXPECT_EQ(places(), reached);
+        EXPECT_TRUE(same(D2D_RECT_F{0, 0, 5, again->rect.bottom}, acting->rect));
+        EXPECT_TRUE(same(again->rect, acting->rect));
+    }
+}
+
+TEST_F(scroll_area_reentrancy_test, element_is_let_go_when_another_is_in_its_place) {
+    make(usual, large);
+    area->set_margin_fixed_size(top, 10);
+    const auto other = com::create_object<acting_element>([] {});
+    int arranged = -1;
+    {
+        const std::shared_ptr<void> last_words(nullptr, [&](void*) { arranged = other->arranges; });
+        area->set_margin_element(top, com::create_object<acting_element>([last_words] {}), {});
+    }
+    area->set_margin_element(top, other, {});
+    EXPECT_EQ(1, arranged);
+}
+
+TEST_F(scroll_area_reentrancy_test, element_may_hold_the_last_reference_to_its_area) {
+    for (const bool to_another : {false, true}) {
+        make(usual, large);
+        area->set_margin_fixed_size(top, 10);
+        const auto other = to_another ? com::create_object<acting_element>([] {}) : nullptr;
+        {
+            const std::shared_ptr<void> last_words(nullptr, [&](void*) { area.reset(); });
+            area->set_margin_element(top, com::create_object<acting_element>([last_words] {}), {});
+        }
+        area.get()->set_margin_element(top, other, {});
+        EXPECT_EQ(nullptr, area);
+        EXPECT_EQ(1u, scene::fakes::references(style->get_IUnknown()));
     }
 }
 
