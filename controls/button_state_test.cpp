@@ -188,6 +188,32 @@ TEST_P(button_state, is_drawn_anew_where_it_is_arranged_again) {
     EXPECT_TRUE(same(D2D_RECT_F{}, button->get_rect()));
 }
 
+TEST_P(button_state, of_any_size_is_drawn_by_the_default_style) {
+    const D2D_RECT_F rects[] = {{},
+                                {5, 5, 5, 5},
+                                {0, 0, 1, 1},
+                                {0, 0, 0.5f, 0.5f},
+                                {10, 20, 70, 20},
+                                {10, 20, 10, 40},
+                                {0, 0, 3, 200},
+                                {70, 40, 10, 20}};  // inside out
+    for (const auto& place : rects) {
+        SCOPED_TRACE(call_text(place));
+        const auto other_label = com::create_object<fake_label>();
+        com::ptr<ui::IButton> made;
+        ASSERT_NO_THROW(made = GetParam().make(other_label.get(), place, nullptr));
+        root->add_child(made->get_node());
+        EXPECT_NO_THROW(made->set_enabled(true));
+        EXPECT_NO_THROW(made->set_checked(true));
+        EXPECT_NO_THROW(static_cast<void>(painted()));
+        EXPECT_NO_THROW(static_cast<void>(made->get_node()->hit_test({place.left, place.top})));
+        EXPECT_NO_THROW(made->arrange(rect));
+        EXPECT_NO_THROW(made->arrange(place));
+        EXPECT_TRUE(same(place, made->get_rect()));
+        root->remove_child(made->get_node());
+    }
+}
+
 TEST_P(button_state, is_placed_by_its_first_arrangement_when_it_was_made_without_a_rectangle) {
     const auto other_label = com::create_object<fake_label>();
     const auto made = GetParam().make(other_label.get(), {}, style.get());

@@ -114,6 +114,26 @@ TEST_F(command_strip_test, without_cells_is_an_outline_that_does_no_harm) {
     }
 }
 
+TEST_F(command_strip_test, of_cells_without_an_area_does_no_harm) {
+    for (const bool vertical : {false, true}) {
+        for (const D2D_SIZE_F cell : {D2D_SIZE_F{0, 0}, {1, 1}, {0.5f, 20}, {30, 0}, {-5, -5}}) {
+            for (const bool in_default : {false, true}) {
+                SCOPED_TRACE(call_text(vertical, cell, in_default));
+                in_default_style = in_default;
+                ASSERT_NO_THROW(show_strip(vertical, cell, 2));
+                EXPECT_TRUE(same(vertical ? D2D_RECT_F{0, 0, cell.width, 2 * cell.height}
+                                          : D2D_RECT_F{0, 0, 2 * cell.width, cell.height},
+                                 strip->get_rect()));
+                EXPECT_NO_THROW(static_cast<void>(painted()));
+                for (const D2D_POINT_2F point : {D2D_POINT_2F{0, 0}, {0.5f, 0.5f}, {15, 10}, {90, 90}}) {
+                    EXPECT_NO_THROW(move(point.x, point.y));
+                    EXPECT_NO_THROW(press_at(point));
+                }
+            }
+        }
+    }
+}
+
 // The mouse
 
 TEST_F(command_strip_test, shows_the_mouse_over_the_strip_and_over_a_cell) {

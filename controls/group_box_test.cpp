@@ -114,6 +114,18 @@ TEST_F(group_box_test, is_drawn_where_it_is_arranged_to_nothing) {
     EXPECT_EQ("draw 0 0 0 0 label 0 0 0 0", calls().front());
 }
 
+TEST_F(group_box_test, of_any_size_is_drawn_by_the_default_style) {
+    for (const D2D_RECT_F& place : {D2D_RECT_F{}, D2D_RECT_F{5, 5, 6, 6}, D2D_RECT_F{0, 0, 0.5f, 0.5f},
+                                    D2D_RECT_F{10, 20, 70, 20}, D2D_RECT_F{70, 40, 10, 20}}) {
+        SCOPED_TRACE(text_of(place));
+        com::ptr<ui::IGroupBox> made;
+        ASSERT_NO_THROW(made = ui::create_group_box(nullptr, place, nullptr));
+        EXPECT_NO_THROW(made->arrange({0, 0, 40, 30}));
+        EXPECT_NO_THROW(made->arrange(place));
+        EXPECT_TRUE(same(place, made->get_rect()));
+    }
+}
+
 TEST_F(group_box_test, keeps_its_label_and_shows_it_nowhere) {
     const auto label = com::create_object<fake_label>(D2D_RECT_F{-5, -5, 5, 5}, host_log());
     box = ui::create_group_box(label.get(), rect, style.get());
