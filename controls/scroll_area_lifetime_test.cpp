@@ -291,6 +291,23 @@ TEST_F(scroll_area_lifetime_test, each_area_takes_all_that_it_made_with_it) {
     EXPECT_EQ(before, com::live_object_count());
 }
 
+TEST_F(scroll_area_lifetime_test, handler_goes_ahead_of_the_bars_and_they_ahead_of_the_margins) {
+    make(usual, large);
+    const com::ptr<scene::INode> kept = own;
+    const node& thumb = *bar(true).children.at(0);
+    lines gone;
+    const auto note = [&](const char* what) {
+        return std::shared_ptr<void>(nullptr, [&gone, &thumb, what](void*) {
+            gone.push_back(std::string(what) +
+                           (thumb.subtree_bounds.bottom > 0 ? ", bars there" : ", no bars"));
+        });
+    };
+    area->set_view_changed_handler([said = note("handler")](D2D_RECT_F) {});
+    area->set_margin_element(left, com::create_object<acting_element>([said = note("element")] {}), {});
+    area.reset();
+    EXPECT_EQ((lines{"handler, bars there", "element, no bars"}), gone);
+}
+
 TEST_F(scroll_area_lifetime_test, element_and_handler_go_with_the_area_though_its_node_stays) {
     make(usual, large);
     const auto element = com::create_object<scene::fakes::fake_element>(scene::layout::metrics{});

@@ -162,6 +162,26 @@ TEST_F(scroll_area_view_test, step_moves_content_margins_and_thumbs_alone) {
     EXPECT_EQ(2u, moves()) << "less than a pixel shows on the bars alone";
 }
 
+TEST_F(scroll_area_view_test, step_moves_thumbs_content_and_margins_in_this_order) {
+    make(usual, large);
+    for (int side = 0; side < 4; ++side) area->set_margin_scrolled_size(side, 9);
+    forget();
+    area->set_scroll_position(1, 2);
+    const lines found = calls();
+    ASSERT_EQ(14u, found.size());
+    EXPECT_EQ(0u, found[0].find("invalidate_rect 101 1 111 ")) << found[0];  // the vertical one
+    EXPECT_EQ(0u, found[2].find("invalidate_rect 1 81 ")) << found[2];
+    // Each where it was and where it is.
+    const lines expected{
+        "invalidate_rect 10 10 20 20", "invalidate_rect 9 8 19 18",   // content, by (1, 2)
+        "invalidate_rect 10 0 13 3",   "invalidate_rect 9 0 12 3",    // top
+        "invalidate_rect 10 71 13 74", "invalidate_rect 9 71 12 74",  // bottom
+        "invalidate_rect 0 10 3 13",   "invalidate_rect 0 8 3 11",    // left
+        "invalidate_rect 91 10 94 13", "invalidate_rect 91 8 94 11",  // right
+    };
+    EXPECT_EQ(expected, lines(found.begin() + 4, found.end()));
+}
+
 TEST_F(scroll_area_view_test, step_allocates_nothing) {
     make(usual, large);
     for (int side = 0; side < 4; ++side) area->set_margin_scrolled_size(side, 2);

@@ -308,6 +308,18 @@ TEST_F(scroll_bar_lifetime_test, listeners_go_with_the_bar_though_its_node_stays
     EXPECT_EQ(1, counted.use_count());
 }
 
+TEST_F(scroll_bar_lifetime_test, listeners_go_behind_the_thumb) {
+    make_usual();
+    std::vector<float> thumb_bottoms;
+    listen([last_words = std::shared_ptr<void>(nullptr, [&](void*) {
+                thumb_bottoms.push_back(inside(node).children.at(0)->get_bounds(true).bottom);
+            })](float) {});
+    EXPECT_EQ(50, thumb().get_bounds(true).bottom);
+    EXPECT_EQ((std::vector<float>{}), thumb_bottoms);
+    bar.reset();
+    EXPECT_EQ((std::vector<float>{0}), thumb_bottoms);
+}
+
 // What a step costs
 
 TEST_F(scroll_bar_lifetime_test, moving_the_thumb_allocates_nothing) {

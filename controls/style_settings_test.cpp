@@ -177,6 +177,30 @@ TEST_F(default_settings_test, answer_no_key_of_one_character) {
     }
 }
 
+TEST_F(default_settings_test, answer_no_key_of_nothing_and_of_dots_alone) {
+    for (const std::string_view key : {std::string_view(), std::string_view(""), std::string_view("."),
+                                       std::string_view("..."), std::string_view("\0", 1)}) {
+        EXPECT_EQ("none", text_of(values->get_color(key)));
+        EXPECT_EQ("none", text_of(values->get_bool(key)));
+        EXPECT_EQ("none", text_of(values->get_float(key)));
+        EXPECT_FALSE(values->get_text_format(key));
+        EXPECT_FALSE(values->get_brush(key));
+    }
+    for (const auto* const key : {".text", "..text", "a..text", ".....text"}) {
+        EXPECT_EQ("0 0 0 1", text_of(values->get_color(key))) << key;
+    }
+    for (const auto* const key : {"text.", "hot.text.", "text..", " text", "Text", "text "}) {
+        EXPECT_EQ("none", text_of(values->get_color(key))) << key;
+    }
+}
+
+TEST_F(default_settings_test, take_no_character_beyond_the_end_of_a_key) {
+    const std::string_view longer = "hot.outline and more";
+    EXPECT_EQ("0.3 0.3 0.7 1", text_of(values->get_color(longer.substr(0, 11))));
+    EXPECT_EQ("0 0 0 1", text_of(values->get_color(longer.substr(4, 7))));
+    EXPECT_EQ("none", text_of(values->get_color(longer)));
+}
+
 TEST_F(default_settings_test, answer_no_tail_without_its_dot) {
     for (const auto* const key : {"context", "xbackground", "xoutline", "hot.context", "text.x"}) {
         EXPECT_EQ("none", text_of(values->get_color(key))) << key;
