@@ -1,16 +1,26 @@
-# Fails unless the umbrella header includes every exported header. Given by -D: INCLUDE.
+# Fails unless the umbrella header includes every exported header, and when one of them calls `min` or `max` as
+# the macros of windows.h would replace it, which clients need not switch off. Given by -D: INCLUDE.
 
 file(GLOB_RECURSE headers RELATIVE "${INCLUDE}" "${INCLUDE}/*.h")
 list(REMOVE_ITEM headers mossHarbour.ui.h)
 file(READ "${INCLUDE}/mossHarbour.ui.h" umbrella)
 set(absent)
+set(replaced)
 foreach(header IN LISTS headers)
     string(FIND "${umbrella}" "#include \"${header}\"" position)
     if(position EQUAL -1)
         list(APPEND absent "${header}")
     endif()
+    file(READ "${INCLUDE}/${header}" text)
+    if(text MATCHES "[^a-z_](min|max) *\\(")
+        list(APPEND replaced "${header}")
+    endif()
 endforeach()
 if(absent)
     string(JOIN "\n  " absent ${absent})
     message(FATAL_ERROR "mossHarbour.ui.h does not include\n  ${absent}")
+endif()
+if(replaced)
+    string(JOIN "\n  " replaced ${replaced})
+    message(FATAL_ERROR "with the macros of windows.h these do not compile:\n  ${replaced}")
 endif()

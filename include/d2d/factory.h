@@ -12,13 +12,14 @@ namespace d2d {
 
 /// A token without fields. Holding one keeps the process-wide graphics objects alive: the Direct3D device,
 /// the Direct2D and DirectWrite factories, the shared device context. The first token makes them, the last
-/// one releases them. The statics make device-independent objects and require that a token is alive.
+/// one releases them. The statics make device-independent objects and require that a token is alive: windows,
+/// views, nodes and the default style each hold one.
 ///
 /// For the thread of the user interface alone.
 class MOSSHARBOUR_API factory {
 public:
-    /// Throws `com::error` when the graphics objects cannot be made. That is fatal: a later token does not
-    /// retry.
+    /// Throws `com::error` when the graphics objects cannot be made: there has to be a hardware device for
+    /// Direct3D 11. That is fatal: a later token does not retry.
     factory();
     factory(const factory&);
     factory& operator=(const factory&) noexcept { return *this; }

@@ -55,9 +55,9 @@ public:
     /// `win32::error` when the window cannot be placed.
     [[nodiscard]] std::optional<unsigned> load_position(const wchar_t* subkey, const wchar_t* name);
 
-    /// Serves all windows of this thread until `WM_QUIT`, and returns its exit code. `filter` sees each other
-    /// message first, and consumes it with true; an empty one throws `std::bad_function_call` at the first
-    /// message. What handlers throw passes on. Sleeps while there is nothing to do.
+    /// Serves all windows of this thread until `WM_QUIT`, and returns its exit code. `filter` sees every
+    /// message but that one first, and consumes it with true; an empty one throws `std::bad_function_call` at
+    /// the first message. What handlers throw passes on. Sleeps while there is nothing to do.
     static int run_message_loop(std::function<bool(MSG&)> filter);
 
 private:

@@ -23,6 +23,12 @@ namespace d2d::scene {
 /// Rectangles and points are in the node's own space, in pixels, unless said otherwise. A tree belongs to the
 /// thread of its window and may be at most 32 levels deep. Changes tell the view at once which area changed;
 /// nothing is drawn at the time of a change.
+///
+/// Every node is an `IServiceProvider` as well: in a view it passes the question on to the host.
+///
+/// Handlers get a `depth`: how far the node that is called is from the target of the event, below 0 on the
+/// way from the root down, 0 at the target, above 0 on the way back up. `source` is the target; for keys it
+/// is the node that is called.
 struct INode : IUnknown {
     using mouse_function = std::function<bool(INode* source, int depth, input::mouse::event event)>;
     using cursor_function = std::function<HICON(INode* source, int depth, D2D_POINT_2F point)>;
@@ -67,31 +73,38 @@ struct INode : IUnknown {
     virtual void clear_clip_rect() = 0;
 
     /// Begins a recording. With `commit_on_release`, the last release of the context commits it; without,
-    /// only `IDrawingContext::commit` does.
+    /// only `IDrawingContext::commit` does. Use one of the two: to do both leaves the node empty.
     virtual com::ptr<IDrawingContext> draw(bool commit_on_release) = 0;
     /// Paints the background recording through an effect; null for none. Keeps a reference. The area that the
     /// effect paints outside the recording's bounds is not invalidated.
     virtual void set_effect(IEffect* effect) = 0;
 
-    /// Adds a handler for mouse events; an empty one removes the first added instead. A handler sees an event
-    /// on the way from the root to the target (negative depth), at the target (0) and on the way back
-    /// (positive); true ends the route. Handlers may change the tree.
+    /// Adds a handler for mouse events; an empty one removes the first added instead, as `remove_handler`
+    /// does. Handlers above the target see an event twice, down and up; true ends the route. Handlers may
+    /// change the tree.
+    ///
+    /// Entering and leaving are told to the node itself with depth 0, and once to each node above it, with a
+    /// depth below 0.
     virtual void add_mouse_handler(mouse_function handler) = 0;
     /// Adds a handler that chooses the cursor; the first that gives one decides. The point handed to it is
     /// (0, 0): kept, handlers rely on nothing else. An empty handler removes the first added.
     virtual void add_cursor_handler(cursor_function handler) = 0;
-    /// Replaces the one handler for keys; true ends the route from the root to the focus node and back.
+    /// Replaces the one handler for keys; an empty one takes it off. True ends the route from the root to the
+    /// focus node and back.
     virtual void set_key_handler(key_function handler) = 0;
-    /// Replaces the one handler for characters.
+    /// Replaces the one handler for characters, which come along the same route.
     virtual void set_char_handler(char_function handler) = 0;
-    /// Replaces the one handler for focus changes of this node and, `with_descendants`, of those below it.
+    /// Replaces the one handler for focus changes of this node and, `with_descendants`, of those below it;
+    /// the latter are told only where the focus goes from one node to another. `old_focus` or `new_focus` may
+    /// be null.
     virtual void set_focus_handler(bool with_descendants, focus_function handler) = 0;
 
     /// Whether a command of the node's own recording covers the point, within a pixel.
     virtual bool hit_test(D2D_POINT_2F point) = 0;
     /// The bounds of the recording, or of the whole subtree `with_children`; all zeros when there is nothing.
     virtual D2D_RECT_F get_bounds(bool with_children) = 0;
-    /// Adds a handler that is told whenever the subtree's bounds change: whether there are any, and which.
+    /// Adds a handler that is told whenever the subtree's bounds change: whether there are any, and which. An
+    /// empty one throws `std::bad_function_call` when they do.
     virtual bounds_token add_bounds_handler(bounds_function handler) = 0;
     /// Removes it; an unknown token is ignored.
     virtual void remove_bounds_handler(bounds_token token) = 0;
@@ -102,8 +115,9 @@ struct INode : IUnknown {
     /// kept, clients rely on it. Throws `std::logic_error` for a matrix that is not finite or has no inverse;
     /// the node keeps its transform then.
     virtual bool set_transform(const D2D_MATRIX_3X2_F& transform) = 0;
-    /// Lets an animation set the transform at each tick of the view's clock; null for none. Keeps a
-    /// reference.
+    /// Lets an animation set the transform at each tick of the view's clock; until the first one the node
+    /// keeps the transform that it has. Null for none. Keeps a reference. A value that `set_transform`
+    /// refuses throws out of the tick.
     virtual void set_transform_animation(IValueAnimation<D2D_MATRIX_3X2_F>* animation) = 0;
 
     /// The parent, or null for a root and a free node.
@@ -146,7 +160,8 @@ struct INode : IUnknown {
     virtual void link_handler(handler_record* record) = 0;
     /// Destroys the functor and frees a record that is in no list.
     virtual void free_handler(handler_record* record) = 0;
-    /// Removes one record; during a dispatch on this node it goes when the dispatch has ended.
+    /// Removes one record. During a dispatch on this node it is called no more, and goes when the dispatch
+    /// has ended, with all records that are behind it in the list: kept, add anew what is still wanted.
     virtual void remove_handler(handler_record* record) = 0;
     /// Removes all records with an id.
     virtual void remove_handlers(unsigned id) = 0;

@@ -10,8 +10,8 @@ namespace d2d::ui {
 
 /// What all buttons can do. A button is enabled while it has a handler, or, from the first `set_enabled` on,
 /// as that says. It is pressed with the left mouse button, in a message loop of its own that lasts until the
-/// release; the keyboard does not operate it. It is made with a label, whose node becomes a child of the
-/// button's, and whose brush the button chooses.
+/// release; the keyboard does not operate it. It is made with a label, which it keeps: the label's node,
+/// which must be free, becomes a child of the button's, and the button chooses its brush.
 struct IButton : IControl {
     virtual bool is_checked() = 0;
     /// Does nothing on a push button that does not latch. Calls no handler.

@@ -8,7 +8,8 @@ namespace d2d::ui {
 
 /// A control of the scene: a node, drawn by a style. Whoever makes a control adds its node to a scene and
 /// keeps the control; a node whose control is gone reacts to nothing any more. A control's coordinates are
-/// those of its node's parent: the node's own transform stays the identity.
+/// those of its node's parent: the node's own transform stays the identity, except that labels are placed by
+/// it (see `ILabel`).
 ///
 /// The functions that make controls take as `style` the object to ask for the control's style interface, and
 /// throw `com::error` when it has none; null stands for the default style.

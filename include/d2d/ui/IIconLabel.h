@@ -13,6 +13,7 @@ struct IIconLabel : ILabel {
     virtual void set_geometry(ID2D1Geometry* geometry) = 0;
 };
 
+/// A label of `geometry`, which is kept. Throws like `set_geometry`.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<IIconLabel> create_icon_label(ID2D1Geometry* geometry,
                                                                      IUnknown* style);
 

@@ -25,6 +25,8 @@ struct IScrollArea : IControl {
     /// Puts this point of the content into the view's upper left corner, as far as the bounds allow. The
     /// content moves by whole pixels.
     virtual void set_scroll_position(float x, float y) = 0;
+    /// Shows a free node in the content's space, and keeps it. What it covers is for `set_content_bounds` to
+    /// say.
     virtual void add_content(com::ptr<scene::INode> node) = 0;
     virtual void remove_content(com::ptr<scene::INode> node) = 0;
     /// The thickness of the part of a margin that follows the content; at 0 it is not shown.
@@ -55,6 +57,7 @@ struct IScrollArea : IControl {
     virtual void set_view_changed_handler(view_function handler) = 0;
 };
 
+/// An area in `rect` without content and margins.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<IScrollArea> create_scroll_area(D2D_RECT_F rect, IUnknown* style);
 
 }  // namespace d2d::ui

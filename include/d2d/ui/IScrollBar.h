@@ -30,8 +30,8 @@ struct IScrollBar : IControl {
     virtual void set_position(float position) = 0;
     virtual float get_position() = 0;
     virtual range get_range() = 0;
-    /// Takes the position as it is, even outside. Tells no listener. Throws `std::logic_error`, with the range
-    /// taken, when it is so unlimited that the thumb has no finite place.
+    /// Takes the position as it is, even outside. Tells no listener. Throws `std::logic_error`, with the
+    /// range taken, when it is so unlimited that the thumb has no finite place.
     virtual void set_range(range range) = 0;
     /// Adds a listener that is told the new position when the user has moved it. A listener may set position
     /// and range, and may neither add nor remove listeners. An empty one throws `std::bad_function_call` when
@@ -41,6 +41,7 @@ struct IScrollBar : IControl {
     virtual void remove_position_listener(position_token token) = 0;
 };
 
+/// A bar that fills `rect`.
 [[nodiscard]] MOSSHARBOUR_API com::ptr<IScrollBar> create_scroll_bar(IScrollBar::orientation orientation,
                                                                      IScrollBar::range range, D2D_RECT_F rect,
                                                                      IUnknown* style);

@@ -27,7 +27,8 @@ struct IFileSelectionService : IUnknown {
 /// Lets the user choose a file that exists, in the system's dialog above `owner`, null for none. Empty when
 /// the user cancels. Runs a message loop until the dialog is done. Names are limited to 259 characters.
 ///
-///     selectInputFile(window, {L"", L"Charts\0*.chart\0All files\0*.*\0", L"chart"});
+///     const auto chart =
+///         selectInputFile(window, {L"", L"Charts\0*.chart\0All files\0*.*\0", L"chart"});
 [[nodiscard]] MOSSHARBOUR_API std::filesystem::path selectInputFile(HWND owner,
                                                                     IFileSelectionService::details choice);
 

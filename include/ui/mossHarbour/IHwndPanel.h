@@ -17,9 +17,10 @@ struct IBasicHwndPanel : IPanel {
     /// Measures the content, which there has to be, in the window, which there has to be. The window's limits
     /// follow. Margins are the content's, or the padding where it is larger.
     virtual element_metrics measure() = 0;
-    /// Creates the window, where the system chooses place and size; one that is there already is destroyed
-    /// first. Throws when it cannot; what a materialization throws passes on, too, and there is no window
-    /// then.
+    /// Creates the window, hidden unless `style` has `WS_VISIBLE`, where the system chooses place and size;
+    /// one that is there already is destroyed first. Ahead of the first `measure` it cannot be given a size:
+    /// its limits are zero. Throws `std::runtime_error` when it cannot be created; what a materialization
+    /// throws passes on, too, and there is no window then.
     virtual HWND create_window(DWORD ex_style, const wchar_t* title, DWORD style, HWND parent) = 0;
     /// Does nothing without a window. Native controls go with it, and come with the next one; on the scene
     /// the content stays.

@@ -48,15 +48,17 @@ struct IModalService : IUnknown {
     /// Shows a popup until it loses the focus. Always false.
     virtual bool showPopup(popup_details details) = 0;
     /// Shows a dialog until it is ended. True for the first of two buttons, and for "OK" alone. Throws
-    /// `std::logic_error` "Dialog layout resulted in an invalid size!" for a content without a proper size.
+    /// `std::logic_error` "Dialog layout resulted in an invalid size!" where the content does not make for a
+    /// window of 1 to 16384 pixels each way.
     virtual bool showDialog(dialog_details details) = 0;
 };
 
 /// Shows a modal dialog, centred on the top-level window of `owner`, and returns its result when it is done.
-/// That window is disabled meanwhile. Messages are dispatched in a loop of the dialog's own, so that any
-/// handler may be called, and may show a further dialog. What a handler throws passes on, with the owner
-/// enabled and the dialog gone. `WM_QUIT` ends the dialog with the result as it stands, false without any,
-/// and is not posted again. On return the controls are not materialized any more: read them in `on_result`.
+/// `owner` is a window of the calling thread. Its top-level window is disabled meanwhile. Messages are
+/// dispatched in a loop of the dialog's own, so that any handler may be called, and may show a further
+/// dialog. What a handler throws passes on, with the owner enabled and the dialog gone. `WM_QUIT` ends the
+/// dialog with the result as it stands, false without any, and is not posted again. On return the controls
+/// are not materialized any more: read them in `on_result`.
 ///
 /// With native controls or on the scene as the user's settings choose: see `create_hwnd_panel`.
 MOSSHARBOUR_API bool showDialogHwnd(HWND owner, IModalService::dialog_details details);

@@ -7,7 +7,7 @@
 namespace d2d::scene::layout {
 
 /// A size without limit. Sums with it stay without limit.
-inline constexpr float unlimited = std::numeric_limits<float>::max();
+inline constexpr float unlimited = (std::numeric_limits<float>::max)();  // a macro in windows.h, too
 
 /// The sizes that an element can take, in pixels.
 struct metrics {
