@@ -236,6 +236,33 @@ TEST_P(button_lifetime, what_a_handler_holds_may_touch_the_button_as_it_goes) {
     EXPECT_NE(std::string::npos, drawn_and_clicked().find("click"));
 }
 
+TEST_P(button_lifetime, picture_stays_where_its_label_refuses_the_next_one_and_the_state_has_changed) {
+    const auto before = painted();
+    label->on_set_brush = [] { throw std::runtime_error("no brush"); };
+    const auto fails = [](const auto& change) {
+        EXPECT_EQ("no brush", thrown_by<std::runtime_error>(change));
+    };
+    fails([&] { button->set_enabled(false); });
+    button->set_enabled(false);  // it is already
+    fails([&] { button->set_enabled(true); });
+    fails([&] { button->arrange({1, 2, 31, 22}); });
+    EXPECT_TRUE(same(D2D_RECT_F{1, 2, 31, 22}, button->get_rect()));
+    fails([&] { button->arrange(rect); });
+    if (latches()) {
+        fails([&] { button->set_checked(true); });
+    }
+    EXPECT_EQ(latches(), button->is_checked());
+    fails([&] { move_to(inside); });
+    fails([&] { press_at(inside); });
+    EXPECT_EQ(before, painted());
+    label->on_set_brush = nullptr;
+    forget();
+    button->arrange(rect);
+    EXPECT_EQ(latched("enabled hot"), drawn());  // neither down, nor hot twice
+    move_to(outside);
+    EXPECT_EQ(latched("enabled"), drawn());
+}
+
 TEST_P(button_lifetime, label_serves_on_behind_its_button) {
     root->remove_child(node());
     button.reset();

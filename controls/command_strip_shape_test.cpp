@@ -1,10 +1,12 @@
 // The shapes of a strip's cells: their parts of its rounded outline.
 
 #include "controls/testing/command_strip_test.h"
+#include "host/testing/table_entry.h"
 
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -98,6 +100,78 @@ TEST_P(command_strip_shape, of_each_cell_reaches_from_border_to_border) {
         EXPECT_NEAR(std::max(own.top, 0.5f), bounds.top, 0.01f);
         EXPECT_NEAR(std::min(own.right, strip_rect.right - 0.5f), bounds.right, 0.01f);
         EXPECT_NEAR(std::min(own.bottom, strip_rect.bottom - 0.5f), bounds.bottom, 0.01f);
+    }
+}
+
+/// Writes down which rectangles are combined with what and how, while this lives.
+class recorded_combinations {
+public:
+    explicit recorded_combinations(std::vector<std::string>& writes_to)
+        : entry(rectangle.get(), combine_slot), original(entry.exchange(record)) {
+        lines_of_now = &writes_to;
+        original_of_now = original;
+    }
+    recorded_combinations(const recorded_combinations&) = delete;
+    recorded_combinations& operator=(const recorded_combinations&) = delete;
+    ~recorded_combinations() {
+        entry.exchange(original);
+        lines_of_now = nullptr;
+    }
+
+private:
+    using operation = HRESULT(STDMETHODCALLTYPE*)(ID2D1RectangleGeometry*, ID2D1Geometry*, D2D1_COMBINE_MODE,
+                                                  const D2D1_MATRIX_3X2_F*, FLOAT,
+                                                  ID2D1SimplifiedGeometrySink*);
+    static constexpr int combine_slot = 11;  // fixed by the interface
+
+    static HRESULT STDMETHODCALLTYPE record(ID2D1RectangleGeometry* self, ID2D1Geometry* with,
+                                            D2D1_COMBINE_MODE mode, const D2D1_MATRIX_3X2_F* matrix,
+                                            FLOAT tolerance, ID2D1SimplifiedGeometrySink* sink) {
+        D2D_RECT_F rect{};
+        self->GetRect(&rect);
+        D2D1_ROUNDED_RECT rounded{};
+        com::ptr<ID2D1RoundedRectangleGeometry>(with)->GetRoundedRect(&rounded);
+        lines_of_now->push_back(scene::fakes::call_text(rect, "with", rounded.rect, static_cast<int>(mode),
+                                                        matrix ? "moved" : "as it lies", tolerance));
+        return original_of_now(self, with, mode, matrix, tolerance, sink);
+    }
+
+    static inline std::vector<std::string>* lines_of_now = nullptr;
+    static inline operation original_of_now = nullptr;
+
+    com::ptr<ID2D1RectangleGeometry> rectangle = factory::create_rectangle_geometry({0, 0, 1, 1});
+    fakes::table_entry<operation> entry;
+    operation original;
+};
+
+using command_strip_cells = fakes::command_strip_test;
+
+TEST_F(command_strip_cells, reach_ten_pixels_beyond_the_strip_where_the_outline_cuts_them) {
+    const struct {
+        bool vertical;
+        std::size_t count;
+        D2D_RECT_F outline;
+        std::vector<D2D_RECT_F> cells;
+    } cases[] = {
+        {false, 1, {0.5f, 0.5f, 23.5f, 17.5f}, {{-10, -10, 34, 28}}},
+        {true, 1, {0.5f, 0.5f, 23.5f, 17.5f}, {{-10, -10, 34, 28}}},
+        {false, 2, {0.5f, 0.5f, 47.5f, 17.5f}, {{-10, -10, 24, 28}, {24, -10, 58, 28}}},
+        {true, 2, {0.5f, 0.5f, 23.5f, 35.5f}, {{-10, -10, 34, 18}, {-10, 18, 34, 46}}},
+        {false, 3, {0.5f, 0.5f, 71.5f, 17.5f}, {{-10, -10, 24, 28}, {24, -10, 48, 28}, {48, -10, 82, 28}}},
+        {true, 3, {0.5f, 0.5f, 23.5f, 53.5f}, {{-10, -10, 34, 18}, {-10, 18, 34, 36}, {-10, 36, 34, 64}}},
+    };
+    for (const auto& [vertical, count, outline, cells] : cases) {
+        lines combined;
+        {
+            const recorded_combinations recording(combined);
+            make_strip(vertical, {24, 18}, count);
+        }
+        lines expected;
+        for (const auto& cell : cells) {
+            expected.push_back(scene::fakes::call_text(
+                cell, "with", outline, static_cast<int>(D2D1_COMBINE_MODE_INTERSECT), "as it lies", 0.25f));
+        }
+        EXPECT_EQ(expected, combined);
     }
 }
 

@@ -313,6 +313,18 @@ TEST_F(scroll_bar_input_test, left_press_on_the_thumb_is_done_and_any_other_goes
     EXPECT_EQ(0, bar->get_position());
 }
 
+TEST_F(scroll_bar_input_test, press_on_something_in_the_thumb_grips_it_on_its_way_up_alone) {
+    make_at_origin(orientation::vertical, {100, 0, 300, 100, 16});
+    const auto cover = filled({0, 0, 14, 50}, com::ptr<scene::INode>(&thumb()));
+    forget();
+    drag_through({{8, 80}});
+    press(button::left, {8, 60});
+    EXPECT_EQ((positions{140}), take_told());
+    cover->add_mouse_handler([](scene::INode*, int, input::mouse::event) { return true; });
+    press(button::left, {8, 80});
+    EXPECT_EQ((positions{}), take_told());
+}
+
 TEST_F(scroll_bar_input_test, double_click_on_the_thumb_reaches_the_track) {
     make_at_origin(orientation::vertical, {200, 0, 300, 100, 16});
     press(button::left, {8, 120}, event_type::double_click);  // in the thumb, from 101 on
