@@ -8,7 +8,8 @@ namespace d2d::ui {
 /// A frame around a node. `QueryInterface` does not know it as `IControl`.
 struct IGroupBox : IControl {
     /// Shows `content`, null for nothing, with its origin in the frame's upper left corner at the next
-    /// `arrange`. Keeps it, and returns the previous one.
+    /// `arrange`. Keeps it, and returns the previous one. Throws `std::logic_error` for a node that has a
+    /// parent; that one counts as the content all the same: follow with another, or null.
     virtual com::ptr<scene::INode> set_content(com::ptr<scene::INode> content) = 0;
 };
 
