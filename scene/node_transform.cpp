@@ -79,8 +79,8 @@ D2D_MATRIX_3X2_F get_transformation_matrix(INode* from, INode* to) {
     while (common < source.size() && common < target.size() && &source[common] == &target[common]) ++common;
     D2D_MATRIX_3X2_F result = identity_matrix;
     for (std::size_t i = common; i < source.size(); ++i) result = multiply(source[i].transform, result);
-    // Kept: the inverses are applied deepest first, which clients with translations and scalings never
-    // notice.
+    // Kept: the inverses are applied deepest first, and ahead of the way up, which clients that only move
+    // their nodes never notice.
     for (std::size_t i = common; i < target.size(); ++i) result = multiply(target[i].inverse, result);
     return result;
 }
