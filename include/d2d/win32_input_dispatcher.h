@@ -12,7 +12,8 @@
 namespace d2d {
 
 /// Turns the messages of one window into calls of a view: mouse, keys, characters, focus, cursor and deferred
-/// calls. `lower_edge_host` and the input layer each have one inside.
+/// calls. `lower_edge_host` and the input layer each have one inside. `WM_SYSKEYDOWN`, `WM_SYSKEYUP` and
+/// `WM_SYSCHAR` (F10, and keys with Alt) are left to the default treatment.
 ///
 /// The mouse is outside until its first message, which is reported as its entering. Inside, a move to another
 /// place starts a timer of 400 ms, whose end is reported as hovering. `WM_MOUSELEAVE` ends both. The state

@@ -64,8 +64,8 @@ struct INode : IUnknown {
     /// Chooses `hit_transparent` or `hit_by_content`; returns whether the node was transparent. Throws like
     /// `set_hit_mode`.
     virtual bool set_hit_transparent(bool transparent) = 0;
-    /// A shape that is hit in the place of the recording's; it clips nothing. Keeps a reference, returns the
-    /// previous one. Throws `com::error` when the platform cannot tell its bounds.
+    /// A shape that is hit, besides what the node paints within the shape's bounds; it clips nothing. Keeps a
+    /// reference, returns the previous one. Throws `com::error` when the platform cannot tell its bounds.
     virtual com::ptr<ID2D1Geometry> set_clip_geometry(ID2D1Geometry* geometry) = 0;
     virtual com::ptr<ID2D1Geometry> get_clip_geometry() = 0;
     /// Clips the node and its subtree. Invalidates nothing: kept, owners set it together with a recording.
@@ -133,12 +133,14 @@ struct INode : IUnknown {
     /// Calls `function` for the nodes under a point below this one, from the deepest up or from the top down,
     /// each with the point in its own space, until it returns true. Returns whether it did.
     virtual bool enumerate_hits(D2D_POINT_2F point, bool innermost_first, hit_function function) = 0;
-    /// Waits, in a message loop of its own, until a press has become a drag (true) or has ended (false).
-    /// Handlers can be re-entered. Throws `std::logic_error` outside a view.
+    /// Waits, in a message loop of its own, until a press has become a drag (true), by movement or by being
+    /// held for a second, or has ended (false). Takes a `WM_QUIT`, which ends it. Handlers can be re-entered.
+    /// Throws `std::logic_error` outside a view.
     virtual bool drag_detect(input::mouse::button button) = 0;
     /// Reports the mouse's movement in this node's space, in a message loop of its own, until `button` is
-    /// released (true) or the drag is cancelled (false). Handlers can be re-entered. Throws
-    /// `std::logic_error` outside a view.
+    /// released (true) or the drag is cancelled (false). What `moved` returns is not looked at; an empty one
+    /// throws `std::bad_function_call`. Takes a `WM_QUIT`, which ends it with true. Handlers can be
+    /// re-entered. Throws `std::logic_error` outside a view.
     virtual bool drag_loop(input::mouse::button button, drag_function moved) = 0;
 
     /// Whether the window has the keyboard focus and this node (or one below it) is its focus.
@@ -171,7 +173,9 @@ struct INode : IUnknown {
 [[nodiscard]] MOSSHARBOUR_API com::ptr<INode> create_node();
 
 /// The matrix that maps points of `from` to points of `to`; null for either stands for the space above the
-/// root of the other.
+/// root of the other. Right on the way up, to a node above `from` or to null, and wherever nodes are only
+/// moved. Down more than one step, through nodes that are scaled or turned, it is wrong: kept, clients rely
+/// on it; invert the matrix of the way up instead.
 [[nodiscard]] MOSSHARBOUR_API D2D_MATRIX_3X2_F get_transformation_matrix(INode* from, INode* to);
 
 /// Maps `count` points in place from the space of `from` to that of `to`.

@@ -13,7 +13,8 @@ namespace d2d::ui {
 ///
 /// Sides are numbered 0 left, 1 top, 2 right, 3 bottom; any other number throws `std::logic_error` "bad
 /// margin specified". Sizes and positions are in pixels; those of scrolling are in the content's space. The
-/// keyboard is the owner's affair. `QueryInterface` does not know it as `IControl`.
+/// keyboard is the owner's affair. An `arrange` that moves the area and leaves its size draws nothing: the
+/// lines beside the margins stay where they were. `QueryInterface` does not know it as `IControl`.
 struct IScrollArea : IControl {
     using view_function = std::function<void(D2D_RECT_F view)>;
 

@@ -8,9 +8,10 @@
 namespace d2d::ui {
 
 /// A position in a range, shown as a thumb on a track. A press on the track moves by a page, towards the
-/// pointer; with the right button it takes the thumb's middle there. The thumb can be dragged. The wheel
-/// belongs to the owner. Positions are in the owner's units. `QueryInterface` does not know it as `IControl`;
-/// `measure` throws `std::logic_error` "not implemented".
+/// pointer; with the right button it takes the thumb's middle there. Both count from 0 along the bar,
+/// wherever its rectangle starts: kept, give it one that starts at 0, below a node that is moved to its
+/// place. The thumb can be dragged. The wheel belongs to the owner. Positions are in the owner's units.
+/// `QueryInterface` does not know it as `IControl`; `measure` throws `std::logic_error` "not implemented".
 struct IScrollBar : IControl {
     enum class orientation : int { vertical = 0, horizontal = 1 };
 

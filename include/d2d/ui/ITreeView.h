@@ -7,8 +7,8 @@
 
 namespace d2d::ui {
 
-/// A scrollable tree of rows, below one root that is a row too. At most one row is selected. It takes colours
-/// and font from the system's settings, as they are when it is made.
+/// A scrollable tree of rows, below one root that is a row too. At most one row is selected. The keyboard
+/// does not operate it. It takes colours and font from the system's settings, as they are when it is made.
 struct ITreeView : IControl {
     /// Shows a tree, null for none; the root is kept. Rows of the former root stay for as long as somebody
     /// holds its nodes: kept, take them out first with `ITreeNode::remove_child`, or release them. Throws
