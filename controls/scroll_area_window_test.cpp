@@ -146,23 +146,23 @@ TEST_F(scroll_area_window_test, handler_hears_of_each_turn_and_of_none_at_the_en
 TEST_F(scroll_area_window_test, content_shows_where_it_was_scrolled_to) {
     make_at_100();
     area->set_scroll_position(250, 300);
-    auto seen = picture();
+    auto seen = picture_with(red_pixel, 50, 60);
     EXPECT_EQ(red_pixel, seen.at(50, 60));
     EXPECT_EQ(red_pixel, seen.at(59, 69));
     EXPECT_EQ(white_pixel, seen.at(49, 60));
     EXPECT_EQ(white_pixel, seen.at(60, 69));
     test_support::turn_wheel(-1);
-    seen = picture();
+    seen = picture_with(red_pixel, 50, 42);
     EXPECT_EQ(red_pixel, seen.at(50, 42));
     EXPECT_EQ(white_pixel, seen.at(50, 52));
     area->set_scroll_position(305, 300.5f);  // cut by the view's edge, and by whole pixels
-    seen = picture();
+    seen = picture_with(red_pixel, 0, 59);
     EXPECT_EQ(red_pixel, seen.at(0, 59));
     EXPECT_EQ(red_pixel, seen.at(4, 68));
     EXPECT_EQ(white_pixel, seen.at(5, 60));
     EXPECT_EQ(white_pixel, seen.at(0, 69));
     area->set_scroll_position(105, 300);  // half behind the vertical bar
-    seen = picture();
+    seen = picture_with(red_pixel, 199, 60);
     EXPECT_EQ(red_pixel, seen.at(199, 60));
     EXPECT_EQ(track_pixel, seen.at(200, 60));
 }
@@ -174,22 +174,22 @@ TEST_F(scroll_area_window_test, margins_move_with_the_content_along_their_own_di
     area->add_margin_scrolled_node(top, square({100, 0, 110, 20}, blue));
     area->add_margin_scrolled_node(left, square({0, 100, 30, 110}, red));
     // The view begins at (31, 21).
-    auto seen = picture();
+    auto seen = picture_with(blue_pixel, 131, 10);
     EXPECT_EQ(blue_pixel, seen.at(131, 10));
     EXPECT_EQ(red_pixel, seen.at(10, 121));
     test_support::move_mouse(handle(), middle);
     test_support::turn_wheel(-1);  // 15.9 of 159
-    seen = picture();
+    seen = picture_with(red_pixel, 10, 105);
     EXPECT_EQ(blue_pixel, seen.at(131, 10)) << "stays above its column";
     EXPECT_EQ(white_pixel, seen.at(10, 121));
     EXPECT_EQ(red_pixel, seen.at(10, 105));
     test_support::turn_horizontal_wheel(-1);  // 16.9 of 169
-    seen = picture();
+    seen = picture_with(white_pixel, 131, 10);
     EXPECT_EQ(white_pixel, seen.at(131, 10));
     EXPECT_EQ(blue_pixel, seen.at(114, 10));
     EXPECT_EQ(red_pixel, seen.at(10, 105)) << "stays beside its row";
     area->set_scroll_position(105, 0);
-    seen = picture();
+    seen = picture_with(blue_pixel, 31, 10);
     EXPECT_EQ(blue_pixel, seen.at(31, 10));
     EXPECT_EQ(blue_pixel, seen.at(35, 10));
     EXPECT_EQ(white_pixel, seen.at(29, 10)) << "cut where the left margin is";

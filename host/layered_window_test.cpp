@@ -12,8 +12,10 @@
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
 #include "support/picture.h"
+#include "support/shown.h"
 #include "support/wine.h"
 
+#include <cstdlib>
 #include <functional>
 #include <optional>
 #include <stdexcept>
@@ -101,18 +103,29 @@ protected:
     static std::string text_of(const RECT& rect) {
         return call_text(rect.left, rect.top, rect.right, rect.bottom);
     }
-    /// What the screen shows where the layered window is, above white.
-    static test_support::picture above_white(layered_window& shown) {
+    /// Does the layered window come to look so at a point, above white? A channel may differ by `tolerance`.
+    static testing::AssertionResult shows_above_white(layered_window& shown, std::uint32_t color, unsigned x,
+                                                      unsigned y, int tolerance = 0) {
         backdrop behind;
         behind.create_window(WS_EX_TOPMOST, L"behind", WS_POPUP, 40, 40, 300, 200, nullptr, nullptr);
         ShowWindow(behind.get_window_handle(), SW_SHOWNA);
         UpdateWindow(behind.get_window_handle());
         SetWindowPos(shown.get_window_handle(), HWND_TOPMOST, 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-        test_support::pump_for(std::chrono::milliseconds(300));  // the compositor's
-        auto grabbed = test_support::grab_client_area(shown.get_window_handle());
+        const auto is_near = [&](const test_support::picture& seen) {
+            return are_near(color, seen.at(x, y), tolerance);
+        };
+        const auto seen = test_support::grab_when(shown.get_window_handle(), is_near);
         behind.destroy_window();
-        return grabbed;
+        if (is_near(seen)) return testing::AssertionSuccess();
+        return testing::AssertionFailure() << std::hex << seen.at(x, y) << " instead of " << color;
+    }
+    static bool are_near(std::uint32_t a, std::uint32_t b, int tolerance) {
+        for (int shift = 0; shift < 32; shift += 8) {
+            const int difference = static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF);
+            if (std::abs(difference) > tolerance) return false;
+        }
+        return true;
     }
 
     static inline std::optional<factory> token;
@@ -209,7 +222,7 @@ TEST_F(layered, what_render_throws_leaves_the_window_able_to_draw) {
         target->Clear(&red);
     };
     opened.redraw();
-    EXPECT_EQ(0xFFFF0000u, above_white(opened).at(50, 25));
+    EXPECT_TRUE(shows_above_white(opened, 0xFFFF0000, 50, 25));
     opened.destroy_window();
 }
 
@@ -220,20 +233,16 @@ TEST_F(layered, shows_its_colours_by_their_alpha) {
         target->Clear(&half_black);
     };
     open(opened);
-    const auto near_to = [](unsigned expected, std::uint32_t pixel) {
-        const int difference = static_cast<int>(pixel & 0xFF) - static_cast<int>(expected);
-        EXPECT_LE(difference < 0 ? -difference : difference, 2) << std::hex << pixel;
-    };
-    near_to(128, above_white(opened).at(50, 25));
+    EXPECT_TRUE(shows_above_white(opened, 0xFF808080, 50, 25, 2));
     const auto fade = [&](int alpha) {
         opened.set_alpha(alpha);
         // Wine shows another alpha with the next picture only.
         if (test_support::running_under_wine()) opened.redraw();
     };
     fade(128);
-    near_to(191, above_white(opened).at(50, 25));
+    EXPECT_TRUE(shows_above_white(opened, 0xFFBFBFBF, 50, 25, 2));
     fade(0x7FF);  // the low byte
-    near_to(128, above_white(opened).at(50, 25));
+    EXPECT_TRUE(shows_above_white(opened, 0xFF808080, 50, 25, 2));
     opened.destroy_window();
 }
 
@@ -314,9 +323,8 @@ TEST_F(layered_host, shows_nothing_where_the_view_draws_nothing) {
     view->set_root(root);
     layered_window_host opened{com::ptr<IViewLowerEdge>(view)};
     open(opened);
-    const auto shown = above_white(opened);
-    EXPECT_EQ(0xFFFF0000u, shown.at(10, 10));
-    EXPECT_EQ(0xFFFFFFFFu, shown.at(50, 25));
+    EXPECT_TRUE(shows_above_white(opened, 0xFFFF0000, 10, 10));
+    EXPECT_TRUE(shows_above_white(opened, 0xFFFFFFFF, 50, 25));
     opened.destroy_window();
     view->set_root(nullptr);
 }

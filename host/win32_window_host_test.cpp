@@ -5,7 +5,7 @@
 #include "support/input.h"
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
-#include "support/picture.h"
+#include "support/shown.h"
 
 #include <optional>
 #include <stdexcept>
@@ -79,15 +79,14 @@ TEST_F(window_host, the_background_is_white_or_what_was_asked_for) {
     open(shown);
     test_support::bring_to_front(shown.get_window_handle());
     test_support::pump_until_idle();
-    const auto pixel = [&] { return test_support::grab_client_area(shown.get_window_handle()).at(100, 50); };
-    EXPECT_EQ(0xFFFFFFFFu, pixel());
+    EXPECT_TRUE(test_support::shows(shown.get_window_handle(), 0xFFFFFFFF, 100, 50));
     shown.set_background_color({1, 0, 0, 1});
     test_support::pump_until_idle();
-    EXPECT_EQ(0xFFFF0000u, pixel());
+    EXPECT_TRUE(test_support::shows(shown.get_window_handle(), 0xFFFF0000, 100, 50));
     shown.enable_clear_background(false);
     shown.set_background_color({0, 0, 1, 1});
     test_support::pump_until_idle();
-    EXPECT_NE(0xFF0000FFu, pixel());
+    EXPECT_NE(0xFF0000FFu, test_support::grab_client_area(shown.get_window_handle()).at(100, 50));
     shown.destroy_window();
     shown.set_background_color({0, 1, 0, 1});  // nothing to repaint, and not the whole screen
 }

@@ -8,7 +8,7 @@
 #include "support/input.h"
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
-#include "support/picture.h"
+#include "support/shown.h"
 
 #include <functional>
 #include <optional>
@@ -257,7 +257,7 @@ TEST_F(d2d_window, what_render_throws_leaves_no_open_draw_and_no_target) {
     shown.calls.clear();
     paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("render 0 0 200 100"));
-    EXPECT_EQ(0xFF32CD32u, test_support::grab_client_area(shown.get_window_handle()).at(100, 50));
+    EXPECT_TRUE(test_support::shows(shown.get_window_handle(), 0xFF32CD32, 100, 50));
     shown.destroy_window();
 }
 
@@ -290,7 +290,7 @@ TEST_F(d2d_window, a_lost_target_is_given_up_and_made_anew_with_the_paint_that_f
     paint(shown);
     EXPECT_THAT(shown.take_calls(), ElementsAre("acquire", "acquire size 0 200 100", "render 0 0 200 100"));
     EXPECT_FALSE(needs_paint(shown));
-    EXPECT_EQ(0xFF32CD32u, test_support::grab_client_area(shown.get_window_handle()).at(100, 50));
+    EXPECT_TRUE(test_support::shows(shown.get_window_handle(), 0xFF32CD32, 100, 50));
     shown.destroy_window();
 }
 
@@ -321,8 +321,8 @@ TEST_F(d2d_window, windows_share_the_context_and_keep_their_pictures) {
     right.on_render = fill({0, 0, 1, 1});
     for (const auto* each : {&left, &right}) InvalidateRect(each->get_window_handle(), nullptr, FALSE);
     test_support::pump_until_idle();
-    EXPECT_EQ(0xFFFF0000u, test_support::grab_client_area(left.get_window_handle()).at(100, 50));
-    EXPECT_EQ(0xFF0000FFu, test_support::grab_client_area(right.get_window_handle()).at(100, 50));
+    EXPECT_TRUE(test_support::shows(left.get_window_handle(), 0xFFFF0000, 100, 50));
+    EXPECT_TRUE(test_support::shows(right.get_window_handle(), 0xFF0000FF, 100, 50));
     left.destroy_window();
     right.destroy_window();
 }
@@ -332,7 +332,7 @@ TEST_F(d2d_window, shows_green_when_nobody_draws) {
     open(plain);
     test_support::bring_to_front(plain.get_window_handle());
     test_support::pump_until_idle();
-    EXPECT_EQ(0xFF32CD32u, test_support::grab_client_area(plain.get_window_handle()).at(100, 50));
+    EXPECT_TRUE(test_support::shows(plain.get_window_handle(), 0xFF32CD32, 100, 50));
     plain.destroy_window();
 }
 

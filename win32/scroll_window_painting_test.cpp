@@ -6,6 +6,7 @@
 #include "support/message_pump.h"
 #include "support/picture.h"
 #include "support/random_seed.h"
+#include "support/shown.h"
 #include "support/wine.h"
 #include "win32/testing/scroll_probe.h"
 
@@ -381,10 +382,9 @@ protected:
 
     void expect_shown(const char* what, int round) {
         UpdateWindow(window.get_window_handle());
-        test_support::pump_until_idle(
-            std::chrono::milliseconds(5));  // then what was painted is on the screen
-        const picture shown = test_support::grab_client_area(window.get_window_handle());
         const picture expected = painted_whole();
+        const picture shown = test_support::grab_when(window.get_window_handle(),
+                                                      [&](const picture& seen) { return seen == expected; });
         ASSERT_EQ(expected.width, shown.width);
         ASSERT_EQ(expected.height, shown.height);
         long differing = 0;

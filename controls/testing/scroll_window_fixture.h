@@ -9,6 +9,7 @@
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
 #include "support/picture.h"
+#include "support/shown.h"
 
 #include <functional>
 #include <optional>
@@ -50,9 +51,10 @@ protected:
         test_support::pump_until_idle();
     }
     [[nodiscard]] HWND handle() const { return window->get_window_handle(); }
-    [[nodiscard]] test_support::picture picture() const {
+    /// What the window shows once it has a colour at a point, or never has.
+    [[nodiscard]] test_support::picture picture_with(std::uint32_t color, unsigned x, unsigned y) const {
         test_support::pump_until_idle();
-        return test_support::grab_client_area(handle());
+        return test_support::grab_when(handle(), color, x, y);
     }
 
     static com::ptr<scene::INode> square(const D2D_RECT_F& rect, const _D3DCOLORVALUE& color) {

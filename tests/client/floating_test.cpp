@@ -8,7 +8,7 @@
 #include "support/input.h"
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
-#include "support/picture.h"
+#include "support/shown.h"
 
 #include <gtest/gtest.h>
 
@@ -75,10 +75,7 @@ protected:
     }
     /// Waits until the screen shows a colour there.
     [[nodiscard]] testing::AssertionResult shows(std::uint32_t color, unsigned x, unsigned y) const {
-        if (test_support::pump_until([&] { return seen_at(x, y) == color; }, std::chrono::seconds(5)))
-            return testing::AssertionSuccess();
-        return testing::AssertionFailure()
-               << "at " << x << ", " << y << " stands " << std::hex << seen_at(x, y);
+        return test_support::shows(behind->get_window_handle(), color, 50 + x, 40 + y);
     }
 
     static inline std::optional<d2d::factory> token;

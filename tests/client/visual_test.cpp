@@ -7,7 +7,7 @@
 #include "support/input.h"
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
-#include "support/picture.h"
+#include "support/shown.h"
 
 #include <gtest/gtest.h>
 
@@ -61,7 +61,7 @@ TEST_F(visual_in_a_window, is_bound_painted_and_let_go) {
         test_support::bring_to_front(window.get_window_handle());
         test_support::pump_until_idle();
         EXPECT_EQ("attach bind ", log);
-        const auto shown = test_support::grab_client_area(window.get_window_handle());
+        const auto shown = test_support::grab_when(window.get_window_handle(), 0xFF0000FF, 10, 10);
         EXPECT_EQ(0xFF0000FFu, shown.at(10, 10));
         EXPECT_EQ(0xFF0000FFu, shown.at(59, 39));
         EXPECT_EQ(0xFFFFFFFFu, shown.at(60, 40));

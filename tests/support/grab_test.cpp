@@ -1,7 +1,6 @@
 #include "support/input.h"
-#include "support/message_pump.h"
-#include "support/picture.h"
 #include "support/recording_window.h"
+#include "support/shown.h"
 
 #include <d2d1_1.h>
 #include <d3d11.h>
@@ -30,9 +29,8 @@ TEST_F(grabbed_window, shows_what_gdi_painted) {
     DeleteObject(brush);
     ReleaseDC(window.handle(), context);
     GdiFlush();
-    pump_until_idle();
 
-    const auto image = grab_client_area(window.handle());
+    const auto image = grab_when(window.handle(), 0xFF1080F0, 10, 20);
     EXPECT_EQ(300u, image.width);
     EXPECT_EQ(200u, image.height);
     EXPECT_EQ(0xFF1080F0, image.at(10, 20));
@@ -105,11 +103,8 @@ TEST_F(grabbed_window, shows_what_a_swap_chain_presented) {
     ASSERT_GE(target.context->EndDraw(nullptr, nullptr), 0);
     ASSERT_GE(target.chain->Present(0, 0), 0);
 
-    picture image;
-    EXPECT_TRUE(pump_until([&] {
-        image = grab_client_area(window.handle());
-        return image.at(0, 0) == 0xFF00FF00;
-    })) << "the presented picture does not come onto the screen";
+    const auto image = grab_when(window.handle(), 0xFF00FF00, 0, 0);
+    EXPECT_EQ(0xFF00FF00, image.at(0, 0)) << "the presented picture does not come onto the screen";
     EXPECT_EQ(0xFFFF0000, image.at(50, 60));
     EXPECT_EQ(0xFFFF0000, image.at(69, 79));
     EXPECT_EQ(0xFF00FF00, image.at(70, 79));
