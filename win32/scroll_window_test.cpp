@@ -364,7 +364,7 @@ protected:
             EXPECT_EQ(expected.*position, window.bar(bar).nPos);
         };
         drag_thumb(bar);
-        EXPECT_GE(steps, 3);
+        EXPECT_GE(steps, 1);  // movements that a busy program has not yet looked at become one
         EXPECT_TRUE(placed);
         EXPECT_GT(window.scroll_offset().*position, 100);
     }
