@@ -15,7 +15,6 @@
 #include "support/shown.h"
 #include "support/wine.h"
 
-#include <cstdlib>
 #include <functional>
 #include <optional>
 #include <stdexcept>
@@ -113,19 +112,12 @@ protected:
         SetWindowPos(shown.get_window_handle(), HWND_TOPMOST, 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
         const auto is_near = [&](const test_support::picture& seen) {
-            return are_near(color, seen.at(x, y), tolerance);
+            return test_support::are_near(color, seen.at(x, y), tolerance);
         };
         const auto seen = test_support::grab_when(shown.get_window_handle(), is_near);
         behind.destroy_window();
         if (is_near(seen)) return testing::AssertionSuccess();
         return testing::AssertionFailure() << std::hex << seen.at(x, y) << " instead of " << color;
-    }
-    static bool are_near(std::uint32_t a, std::uint32_t b, int tolerance) {
-        for (int shift = 0; shift < 32; shift += 8) {
-            const int difference = static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF);
-            if (std::abs(difference) > tolerance) return false;
-        }
-        return true;
     }
 
     static inline std::optional<factory> token;

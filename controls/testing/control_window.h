@@ -8,6 +8,7 @@
 #include "support/leak_checked_test.h"
 #include "support/message_pump.h"
 #include "support/picture.h"
+#include "support/shown.h"
 
 #include <chrono>
 #include <functional>
@@ -111,16 +112,9 @@ private:
     template <class Look>
     [[nodiscard]] testing::AssertionResult comes_to(std::uint32_t color, Look look) const {
         std::uint32_t seen = 0;
-        const auto is_shown = [&] { return resembles(color, seen = look()); };
+        const auto is_shown = [&] { return test_support::are_near(color, seen = look(), 1); };
         if (becomes(is_shown)) return testing::AssertionSuccess();
         return testing::AssertionFailure() << std::hex << "expected " << color << ", stands " << seen;
-    }
-    static bool resembles(std::uint32_t a, std::uint32_t b) {
-        for (int shift = 0; shift < 32; shift += 8) {
-            const int difference = static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF);
-            if (difference < -1 || difference > 1) return false;
-        }
-        return true;
     }
 
     std::thread::id user_thread;

@@ -2,9 +2,18 @@
 
 #include "support/message_pump.h"
 
+#include <cstdlib>
 #include <ios>
 
 namespace test_support {
+
+bool are_near(std::uint32_t a, std::uint32_t b, int tolerance) noexcept {
+    for (int shift = 0; shift < 32; shift += 8) {
+        const int difference = static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF);
+        if (std::abs(difference) > tolerance) return false;
+    }
+    return true;
+}
 
 picture grab_when(HWND window, const std::function<bool(const picture&)>& right) {
     picture seen;

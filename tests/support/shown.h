@@ -11,6 +11,9 @@
 
 namespace test_support {
 
+/// Do the channels of two colours differ by no more than `tolerance`?
+[[nodiscard]] bool are_near(std::uint32_t a, std::uint32_t b, int tolerance) noexcept;
+
 // What is painted comes onto the screen some time later, through its compositing manager. These pump this
 // thread's messages until it has, and give up after ten seconds.
 
