@@ -2,13 +2,13 @@
 
 #include "controls/testing/scroll_window_fixture.h"
 #include "d2d/ui/IScrollBar.h"
+#include "support/heard_drag.h"
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cmath>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 
@@ -231,19 +231,7 @@ TEST_F(scroll_bar_window_test, listener_may_drop_the_bar_in_a_drag) {
         ++heard;
         bar.reset();
     });
-    // Movements that the program has not yet looked at become one.
-    const auto move_until_heard = [&](LONG y, int times) {
-        test_support::move_mouse(handle(), {48, y});
-        for (int tries = 0; heard < times && tries < 500; ++tries)
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    };
-    test_support::meanwhile([&] {
-        test_support::move_mouse(handle(), {48, 20});
-        test_support::press_mouse();
-        move_until_heard(40, 1);
-        move_until_heard(60, 2);
-        test_support::release_mouse();
-    });
+    test_support::drag_as_heard(handle(), {{48, 20}, {48, 40}, {48, 60}}, heard);
     EXPECT_GE(heard, 2) << "the drag goes on";
     told.clear();
     test_support::click(handle(), {48, 150});
